@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace amorra {
+
+enum class Slider { Looks, Smart, Luck };
+
+struct SliderValues
+{
+    int looks = 50;
+    int smart = 50;
+    int luck = 50;
+    bool operator==(const SliderValues &o) const { return looks == o.looks && smart == o.smart && luck == o.luck; }
+};
+
+struct SliderOutcome
+{
+    SliderValues values;
+    // The new "Points Left:" text, or nothing when the label keeps its text.
+    std::optional<std::string> pointsLabel;
+};
+
+constexpr int kSetupPoints = 150;
+constexpr int kNameLength = 20;
+
+// The 150-point rule after one slider moved: an overspend is taken from the
+// two partners, half the excess each (rounded half to even), never below 0.
+SliderOutcome moveSlider(Slider moved, SliderValues values);
+
+// The label's text when the setup screen opens.
+std::string initialPointsLabel();
+
+} // namespace amorra

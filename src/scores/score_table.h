@@ -1,0 +1,62 @@
+#pragma once
+
+#include "core/game_state.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace amorra {
+
+constexpr int kScoreSlots = 21;   // 20 shown, the 21st is the intake slot
+constexpr int kShownScores = 20;
+constexpr int kScoreRecordSize = 38;
+constexpr int kScoreFileSize = kScoreSlots * kScoreRecordSize; // 798
+
+struct ScoreRecord
+{
+    std::string name = std::string(20, ' '); // UTF-8, 20 characters with its padding
+    double score = 0;
+    i16 days = 0;
+    std::int64_t spent = 0; // whole dollars (the file holds dollars x 10,000)
+    bool occupied() const { return score > 0; }
+};
+
+// Slots 1..21; index 0 is unused so slot numbers index directly.
+using ScoreTable = std::array<ScoreRecord, kScoreSlots + 1>;
+
+// The 38-byte records of the Scores file.
+std::string encodeScoreFile(const ScoreTable &table);
+// Overlays the occupied records of `bytes` onto `table`; missing or short
+// records leave their slots unchanged.
+void overlayScoreFile(const std::string &bytes, ScoreTable &table);
+
+// False when the file could not be read (the table is left as it was).
+bool LoadScores(const std::string &path, ScoreTable &table);
+void SortScores(ScoreTable &table);
+// Writes all 21 records through a temporary file; false when it failed,
+// in which case the old file is untouched.
+bool SaveScores(const std::string &path, const ScoreTable &table);
+
+// What the Top 20 window shows for one rank.
+struct ScoreRow
+{
+    std::array<std::string, 5> cells; // rank, name, days, money, score; all "" for an empty slot
+    bool red = false;                 // the game just won
+};
+
+struct HighScoreScreenData
+{
+    std::array<std::string, 5> headers; // "", "Name", "Total Days  ", "Money Spent ", "Score  "
+    std::vector<ScoreRow> rows;         // ranks 1..20
+    std::string champion;               // slot 1's name, trimmed
+    bool loadFailed = false;
+    bool saveFailed = false;
+};
+
+// Opening the Top 20 window: load, take in a pending result, sort, fill,
+// save, mark. `table` lives for the whole program run.
+HighScoreScreenData openHighScores(GameResult &result, ScoreTable &table, const std::string &path);
+
+} // namespace amorra
