@@ -70,17 +70,22 @@ std::string lastNameRecord(const std::string &name)
     return bytes;
 }
 
-std::string readLastName(const std::string &path)
+std::string lastNameFromRecord(const std::string &bytes)
 {
-    ensureFileExists(path);
-    const auto bytes = readFileBytes(path, kNameLength);
-    if (!bytes || bytes->size() < static_cast<size_t>(kNameLength))
+    if (bytes.size() < static_cast<size_t>(kNameLength))
         return {};
-    std::string name = fromCp1252(*bytes);
+    std::string name = fromCp1252(bytes.substr(0, kNameLength));
     const auto first = name.find_first_not_of(' ');
     if (first == std::string::npos)
         return {};
     return name.substr(first, name.find_last_not_of(' ') - first + 1);
+}
+
+std::string readLastName(const std::string &path)
+{
+    ensureFileExists(path);
+    const auto bytes = readFileBytes(path, kNameLength);
+    return bytes ? lastNameFromRecord(*bytes) : std::string();
 }
 
 bool writeLastName(const std::string &path, const std::string &name)
@@ -88,15 +93,20 @@ bool writeLastName(const std::string &path, const std::string &name)
     return replaceFileContents(path, lastNameRecord(name));
 }
 
+i16 tuteShowFromBytes(const std::string &bytes)
+{
+    if (bytes.size() < 2)
+        return 0;
+    const auto lo = static_cast<unsigned char>(bytes[0]);
+    const auto hi = static_cast<unsigned char>(bytes[1]);
+    return static_cast<i16>(static_cast<std::uint16_t>(lo | (hi << 8)));
+}
+
 i16 readTuteShow(const std::string &path)
 {
     ensureFileExists(path);
     const auto bytes = readFileBytes(path, 2);
-    if (!bytes || bytes->size() < 2)
-        return 0;
-    const auto lo = static_cast<unsigned char>((*bytes)[0]);
-    const auto hi = static_cast<unsigned char>((*bytes)[1]);
-    return static_cast<i16>(static_cast<std::uint16_t>(lo | (hi << 8)));
+    return bytes ? tuteShowFromBytes(*bytes) : 0;
 }
 
 bool writeTuteShow(const std::string &path, i16 value)

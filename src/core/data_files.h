@@ -22,9 +22,11 @@ bool replaceFileContents(const std::string &path, const std::string &bytes);
 std::string readLastName(const std::string &path);
 bool writeLastName(const std::string &path, const std::string &name);
 std::string lastNameRecord(const std::string &name); // the 20 bytes written
+std::string lastNameFromRecord(const std::string &bytes); // what a record reads as
 
 // File "tuteshow": one signed 16-bit little-endian value; 1 shows the guide.
 i16 readTuteShow(const std::string &path);
 bool writeTuteShow(const std::string &path, i16 value);
+i16 tuteShowFromBytes(const std::string &bytes);
 
 } // namespace amorra
