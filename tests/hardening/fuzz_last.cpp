@@ -1,0 +1,25 @@
+// Any bytes in "last" or "tuteshow" must read as a short, printable name or a
+// number, and a name read back must survive being written again.
+#include "core/cp1252.h"
+#include "core/data_files.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    const std::string bytes(reinterpret_cast<const char *>(data), size);
+    const std::string name = amorra::lastNameFromRecord(bytes);
+    for (unsigned char c : name)
+        if (c < 0x20 || c == 0x7F)
+            std::abort(); // a control character would reach the name box
+    const std::string record = amorra::lastNameRecord(name);
+    if (record.size() != 20)
+        std::abort();
+    if (amorra::lastNameFromRecord(record) != name)
+        std::abort();
+    amorra::tuteShowFromBytes(bytes);
+    amorra::toCp1252(bytes); // arbitrary text typed into the name box
+    return 0;
+}
