@@ -14,6 +14,9 @@ constexpr int kShownScores = 20;
 constexpr int kScoreRecordSize = 38;
 constexpr int kScoreFileSize = kScoreSlots * kScoreRecordSize; // 798
 
+// The table's file, by its bare name: it lives in the working directory.
+inline constexpr const char *kScoresFileName = "Scores";
+
 struct ScoreRecord
 {
     std::string name = std::string(20, ' '); // UTF-8, 20 characters with its padding
@@ -54,6 +57,13 @@ struct HighScoreScreenData
     bool loadFailed = false;
     bool saveFailed = false;
 };
+
+// The grid's texts for ranks 1..20 and the champion's name; no row red yet.
+HighScoreScreenData FillGrid(const ScoreTable &table);
+
+// Marks red every shown row holding the pending result (when `data` is
+// given), then clears `result_pending` in any case.
+void MarkNewEntry(GameResult &result, const ScoreTable &table, HighScoreScreenData *data);
 
 // Opening the Top 20 window: load, take in a pending result, sort, fill,
 // save, mark. `table` lives for the whole program run.
