@@ -2,10 +2,22 @@
 BUILD ?= build
 JOBS ?= 2
 CMAKE_FLAGS ?=
+PREFIX ?= /usr/local
 
-.PHONY: all play test build deps-build deps-test clean
+LAUNCHER := $(BUILD)/packaging/amorra
+GAME := $(abspath $(BUILD))/src/app/amorra-game
+
+.PHONY: all help play test build package install clean
 
 all: build
+
+help:
+	@echo "make play          install what is missing, build (Release) and start the game"
+	@echo "make test          install what is missing, build and run every test"
+	@echo "make package       build the Debian package $(BUILD)/amorra_*.deb"
+	@echo "make install       install under PREFIX (now $(PREFIX)); DESTDIR=... stages it"
+	@echo "make clean         remove the build folder $(BUILD)"
+	@echo "Variables: BUILD=$(BUILD) JOBS=$(JOBS) CMAKE_FLAGS=..."
 
 deps-%:
 	@tools/install-deps.sh $*
@@ -16,12 +28,26 @@ $(BUILD)/CMakeCache.txt:
 build: deps-build $(BUILD)/CMakeCache.txt
 	cmake --build $(BUILD) -j $(JOBS)
 
+# The launcher makes the player's data folder (~/.local/share/amorra), seeds it
+# and starts the game there, so no save file lands in the source or build tree.
 play: deps-play build
-	@echo "The game window is not there yet: the rules and their tests are."
+	@test -x $(LAUNCHER) || cmake -S . -B $(BUILD) >/dev/null
+	AMORRA_GAME_BINARY=$(GAME) $(LAUNCHER)
 
 test: deps-test deps-build $(BUILD)/CMakeCache.txt
 	cmake --build $(BUILD) -j $(JOBS)
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
 
+package: deps-package build
+	cd $(BUILD) && cpack -G DEB
+	@ls $(BUILD)/amorra_*.deb
+
+install: build
+	cmake --install $(BUILD) --prefix $(PREFIX)
+
 clean:
 	rm -rf $(BUILD)
+
+# More targets (bench, lab, fuzz, soak, lint, test-sanitize...) come from
+# tools/<area>/targets.mk, so each area keeps its own recipes.
+-include $(sort $(wildcard tools/*/targets.mk))

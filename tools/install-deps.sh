@@ -5,13 +5,22 @@ set -eu
 
 want="build-essential cmake pkg-config qt6-base-dev qt6-multimedia-dev libgl-dev libqt6svg6 qt6-image-formats-plugins"
 case "${1:-build}" in
-  test) want="$want libgtest-dev xvfb desktop-file-utils appstream" ;;
-  play) want="$want gstreamer1.0-plugins-good gstreamer1.0-pulseaudio" ;;
+  # desktop-file-utils and appstream validate the installed desktop entry and
+  # metadata; dpkg-dev and file let the package test work out its dependencies.
+  test) want="$want libgtest-dev xvfb desktop-file-utils appstream dpkg-dev file" ;;
+  # Native Wayland windows, and xdg-open for the help pages.
+  play) want="$want qt6-wayland xdg-utils" ;;
   package) want="$want dpkg-dev file" ;;
   lint) want="$want clang-tidy cppcheck" ;;
   fuzz) want="$want clang libclang-rt-dev" ;;
   shots) want="$want xvfb imagemagick x11-apps" ;;
+  *) ;; # build, and any area that needs no more than a build
 esac
+
+command -v dpkg-query >/dev/null 2>&1 || {
+  echo "This helper knows Debian's packages only; install the equivalent of: $want" >&2
+  exit 1
+}
 
 missing=""
 for p in $want; do
@@ -19,9 +28,18 @@ for p in $want; do
 done
 [ -z "$missing" ] && exit 0
 
+# A fresh Debian without sudo still has su and the root password.
+as_root() {
+  if [ "$(id -u)" -eq 0 ]; then
+    "$@"
+  elif command -v sudo >/dev/null 2>&1; then
+    sudo "$@"
+  else
+    echo "sudo is not installed: su asks for the root password." >&2
+    su root -c "$*"
+  fi
+}
+
 echo "Installing:$missing"
-sudo=""
-[ "$(id -u)" -ne 0 ] && sudo="sudo"
-export DEBIAN_FRONTEND=noninteractive
-$sudo apt-get update -qq
-$sudo apt-get install -y -qq --no-install-recommends $missing
+as_root env DEBIAN_FRONTEND=noninteractive apt-get update -qq
+as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing
