@@ -7,6 +7,8 @@ namespace {
 
 using ModeButton = void (*)(Game &);
 
+using Dispatch = PlayFixture;
+
 struct ModeCase
 {
     const char *name;
@@ -74,7 +76,7 @@ INSTANTIATE_TEST_SUITE_P(
                  " Latest Sunglasses\t\t$150", " New Shoes\t\t$70", "", {}}),
     [](const auto &info) { return std::string(info.param.name); });
 
-TEST_F(PlayFixture, takeHerOutRunsItsStepsInOrder)
+TEST_F(Dispatch, takeHerOutRunsItsStepsInOrder)
 {
     newGame();
     random.push({kCalm, kCalm});
@@ -146,7 +148,7 @@ INSTANTIATE_TEST_SUITE_P(AllFive, GameOverGuard,
                                            GameOverCase{"go_shopping", onGoShopping, true}),
                          [](const auto &info) { return std::string(info.param.name); });
 
-TEST_F(PlayFixture, clickingARowEmptiesTheTalkAndShowsTheActionButton)
+TEST_F(Dispatch, clickingARowEmptiesTheTalkAndShowsTheActionButton)
 {
     newGame();
     random.push({kCalm, kCalm});
@@ -205,7 +207,7 @@ INSTANTIATE_TEST_SUITE_P(AllFive, NoRowSelected,
                                            NoRowCase{"shop", onGoShopping, 2}),
                          [](const auto &info) { return std::string(info.param.name); });
 
-TEST_F(PlayFixture, actionButtonBeforeAnyModeOnlyCountsAndRedrawsTheBars)
+TEST_F(Dispatch, actionButtonBeforeAnyModeOnlyCountsAndRedrawsTheBars)
 {
     newGame();
     onActionButton(game);
