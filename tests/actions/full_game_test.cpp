@@ -46,7 +46,9 @@ struct FullGame : PlayFixture
     static std::string emptyRecord() { return std::string(20, ' ') + std::string(18, '\0'); }
 };
 
-// 52847 = 0x40e9cde000000000, 90000 = 0x40f5f90000000000, 100 = 0x4059000000000000.
+// Scores as IEEE doubles: 52847 = 0x40e9cde000000000, 90000 = 0x40f5f90000000000,
+// 100 = 0x4059000000000000. Money is in 1/10,000 dollars: $100 = 0x0f4240,
+// $200 = 0x1e8480, $60 = 0x0927c0, $436 = 0x428740.
 const char *const kScore52847 = "00000000e0cde940";
 const char *const kScore90000 = "0000000000f9f540";
 const char *const kScore100 = "0000000000005940";

@@ -183,6 +183,29 @@ TEST(HighScores, championIsTrimmedWhileTheGridKeepsThePadding)
     EXPECT_EQ(data.rows[0].cells[4], "100000000000000000000"); // no exponent, no separators
 }
 
+TEST(HighScores, loadingCreatesAMissingFileEmpty)
+{
+    TempDir dir;
+    ScoreTable table;
+    EXPECT_TRUE(LoadScores(dir.file("Scores"), table));
+    EXPECT_TRUE(std::filesystem::exists(dir.file("Scores")));
+    EXPECT_EQ(dir.read("Scores"), "");
+    EXPECT_FALSE(table[1].occupied());
+}
+
+// A name the file cannot spell is saved with '?' but still marked in red
+// in the window that took it in.
+TEST(HighScores, aNameOutsideWindows1252IsMarkedAndSavedWithQuestionMarks)
+{
+    TempDir dir;
+    ScoreTable table;
+    GameResult win = pendingWin("Łukasz", 300, 4, 60);
+    const HighScoreScreenData data = openHighScores(win, table, dir.file("Scores"));
+    EXPECT_EQ(data.rows[0].cells[1], "Łukasz              ");
+    EXPECT_EQ(redRanks(data), std::vector<int>{1});
+    EXPECT_EQ(dir.read("Scores").substr(0, 38), dollarsRecord("?ukasz", 300, 4, 60));
+}
+
 struct BadFileCase
 {
     const char *name;
