@@ -1,0 +1,73 @@
+#include "lab.h"
+
+#include <chrono>
+
+namespace amorra::lab {
+
+std::uint64_t gameSeed(std::uint64_t seed, int game)
+{
+    Dice mix(seed * 0x100000001B3ull + static_cast<std::uint64_t>(game));
+    return mix.next();
+}
+
+GameRow playGame(Player &player, Strategy &strategy, std::uint64_t seed, const Ratings &ratings, int clickLimit)
+{
+    player.startGame(seed, ratings);
+    // The strategy's own choices come from dice of their own, so that its
+    // thinking does not shift the game's draws.
+    strategy.newGame(Dice(seed ^ 0x5DEECE66Dull).next());
+    int idle = 0;
+    while (!player.ended() && player.clicks() < clickLimit && idle < 3) {
+        const int before = player.clicks();
+        strategy.move(player);
+        idle = player.clicks() == before ? idle + 1 : 0;
+    }
+    player.confirmWindows();
+
+    GameRow row;
+    row.strategy = strategy.name();
+    row.seed = seed;
+    switch (player.ending()) {
+    case NullView::Ending::Won:
+        row.outcome = Outcome::Won;
+        break;
+    case NullView::Ending::LostHeart:
+        row.outcome = Outcome::LostHeart;
+        break;
+    case NullView::Ending::LostMonth:
+        row.outcome = Outcome::LostMonth;
+        break;
+    case NullView::Ending::None:
+        row.outcome = Outcome::Stuck;
+        break;
+    }
+    row.score = player.score();
+    row.days = player.day();
+    row.presses = player.presses();
+    row.spent = player.spent();
+    row.clicks = player.clicks();
+    return row;
+}
+
+LabRun runLab(const LabConfig &config)
+{
+    LabRun run;
+    Player player;
+    const auto start = std::chrono::steady_clock::now();
+    for (const std::string &name : config.strategies) {
+        auto strategy = makeStrategy(name);
+        if (!strategy)
+            continue;
+        const auto begun = std::chrono::steady_clock::now();
+        for (int g = 0; g < config.games; ++g) {
+            GameRow row = playGame(player, *strategy, gameSeed(config.seed, g), config.ratings, config.clickLimit);
+            row.game = g;
+            run.rows.push_back(std::move(row));
+        }
+        run.secondsPerStrategy.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - begun).count());
+    }
+    run.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    return run;
+}
+
+} // namespace amorra::lab
