@@ -8,13 +8,13 @@ cd "$(dirname "$0")/../.."
 seconds=${1:-60}
 build=build-fuzz
 CC=clang CXX=clang++ cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DAMORRA_FUZZ=ON >/dev/null
-targets=$(sed -n 's/^amorra_fuzz(\([a-z_]*\) .*/\1/p' tests/hardening/CMakeLists.txt)
+targets=$(sed -n 's/^ *amorra_fuzz(\([a-z_]*\) .*/\1/p' tests/hardening/CMakeLists.txt)
 # shellcheck disable=SC2086
 cmake --build "$build" -j 2 --target $targets >/dev/null
 mkdir -p "$build/crashes"
 status=0
 for t in $targets; do
-  seeds=$(sed -n "s/^amorra_fuzz($t .*CORPUS \([a-z ]*\)).*/\1/p" tests/hardening/CMakeLists.txt)
+  seeds=$(sed -n "s/^ *amorra_fuzz($t .*CORPUS \([a-z ]*\)).*/\1/p" tests/hardening/CMakeLists.txt)
   work="$build/corpus/$t"
   mkdir -p "$work"
   for s in $seeds; do cp -r tests/hardening/corpus/"$s"/. "$work"/; done
