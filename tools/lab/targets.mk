@@ -11,3 +11,7 @@ lab: $(BUILD)/CMakeCache.txt
 	cmake --build $(BUILD) -j $(JOBS) --target amorra-lab
 	$(BUILD)/tools/lab/amorra-lab $(LAB_ARGS)
 	@echo "Score distributions: $(BUILD)/lab-scores.svg"
+
+# Handler times, lab throughput, start-up, memory and click-to-repaint.
+bench: $(BUILD)/CMakeCache.txt
+	JOBS=$(JOBS) tools/bench/run.sh $(BUILD)
