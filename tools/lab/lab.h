@@ -22,7 +22,7 @@ struct LabConfig
 struct LabRun
 {
     std::vector<GameRow> rows;
-    double seconds = 0; // time spent playing, on this one thread
+    double seconds = 0; // processor time spent playing, on this one thread
     std::vector<double> secondsPerStrategy; // in the order of the strategies played
 };
 

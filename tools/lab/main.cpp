@@ -129,7 +129,7 @@ int main(int argc, char **argv)
     std::printf("Amorra balance lab: %d games per strategy, seed %llu, looks %d smart %d luck %d\n\n", config.games,
                 static_cast<unsigned long long>(config.seed), r.looks, r.smart, r.luck);
     std::cout << formatTable(summarise(run.rows));
-    std::printf("\nThroughput, one core, null view:\n");
+    std::printf("\nThroughput, one core, null view (processor time of the playing thread):\n");
     for (size_t i = 0; i < config.strategies.size() && i < run.secondsPerStrategy.size(); ++i) {
         const double s = run.secondsPerStrategy[i];
         std::printf("  %-14s %10.0f games/s\n", config.strategies[i].c_str(), s > 0 ? config.games / s : 0.0);

@@ -5,6 +5,8 @@
 #include "core/catalogues.h"
 
 #include <algorithm>
+#include <array>
+#include <functional>
 
 namespace amorra::lab {
 
@@ -51,12 +53,14 @@ void work(Player &p, int &ceiling)
         return;
     p.confirmWindows();
     // Best pay first; the list stays after a refusal, so he may go down it.
-    std::vector<std::pair<int, int>> offers; // pay, row
-    for (int r = 0; r < p.rowCount(); ++r)
+    std::array<std::pair<int, int>, 8> offers{}; // pay, row
+    size_t count = 0;
+    for (int r = 0; r < p.rowCount() && count < offers.size(); ++r)
         if (p.row(r).find("NOT available") == std::string::npos)
-            offers.emplace_back(rowPrice(p.row(r)), r);
-    std::sort(offers.rbegin(), offers.rend());
-    for (const auto &[pay, row] : offers) {
+            offers[count++] = {rowPrice(p.row(r)), r};
+    std::sort(offers.begin(), offers.begin() + static_cast<long>(count), std::greater<>());
+    for (size_t i = 0; i < count; ++i) {
+        const auto [pay, row] = offers[i];
         if (pay > ceiling)
             continue;
         const int before = p.money();
