@@ -30,7 +30,7 @@ fi
 cmake -S . -B "$BUILD" >/dev/null
 cmake --build "$BUILD" -j "$JOBS" --target amorra-lab amorra-handler-bench amorra-startbench
 type=$(sed -n 's/^CMAKE_BUILD_TYPE:[A-Z]*=//p' "$BUILD/CMakeCache.txt")
-B="$BUILD/tools/lab/bench"
+B="$BUILD/tools/bench"
 status=0
 
 echo
