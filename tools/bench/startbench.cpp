@@ -190,13 +190,14 @@ int main(int argc, char **argv)
     const bool startOk = sGame <= 1.25 * sMin, memOk = kGame <= 1.3 * kMin;
 
     std::printf("\nClick to repaint on %s, real widgets (target: within one 60 Hz frame, 16.7 ms)\n", label.c_str());
-    std::printf("%-24s %7s %12s %12s %12s\n", "click", "clicks", "median (ms)", "p99 (ms)", "max (ms)");
+    constexpr double kFrameUs = 1e6 / 60;
+    std::printf("%-24s %7s %12s %12s %12s %12s\n", "click", "clicks", "median (ms)", "p99 (ms)", "max (ms)", "over a frame");
     std::vector<double> all;
-    bool clickOk = unpainted == 0;
     auto row = [&](const std::string &name, const std::vector<double> &v) {
         const double mx = v.empty() ? 0 : *std::max_element(v.begin(), v.end());
-        std::printf("%-24s %7zu %12.3f %12.3f %12.3f\n", name.c_str(), v.size(), quantile(v, 0.5) / 1000,
-                    quantile(v, 0.99) / 1000, mx / 1000);
+        const auto over = std::count_if(v.begin(), v.end(), [&](double us) { return us > kFrameUs; });
+        std::printf("%-24s %7zu %12.3f %12.3f %12.3f %12ld\n", name.c_str(), v.size(), quantile(v, 0.5) / 1000,
+                    quantile(v, 0.99) / 1000, mx / 1000, static_cast<long>(over));
     };
     for (const auto &[kind, v] : clicks) {
         row("game: " + kind, v);
@@ -205,13 +206,18 @@ int main(int argc, char **argv)
     row("game: every click", all);
     for (const auto &[kind, v] : minimalClicks)
         row("minimal: " + kind, v);
-    clickOk = clickOk && !all.empty() && quantile(all, 0.99) <= 16667;
+    const auto late = std::count_if(all.begin(), all.end(), [&](double us) { return us > kFrameUs; });
+    const bool clickOk = unpainted == 0 && !all.empty() && late == 0;
     std::printf("Game endings:");
     for (const auto &[e, n] : endings)
         std::printf(" %s %d", e.c_str(), n);
     std::printf("; clicks never repainted: %d\n", unpainted);
 
-    std::printf("\nVerdict on %s: start-up %s, memory %s, click to repaint %s\n", label.c_str(), startOk ? "within" : "OVER",
-                memOk ? "within" : "OVER", clickOk ? "within" : "OVER");
+    std::printf("\nVerdict on %s: start-up %s, memory %s, click to repaint %s", label.c_str(), startOk ? "within" : "OVER",
+                memOk ? "within" : "OVER", clickOk ? "within (every click)" : "OVER");
+    if (!clickOk && !all.empty())
+        std::printf(" (%ld of %zu clicks later than a frame; p99 %.1f ms)", static_cast<long>(late), all.size(),
+                    quantile(all, 0.99) / 1000);
+    std::printf("\n");
     return 0;
 }
