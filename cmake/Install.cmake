@@ -8,6 +8,7 @@
 #   share/icons/hicolor/           amorra.png in 16..256, amorra.svg
 #   share/metainfo/                io.github.amorra.Amorra.metainfo.xml
 #   share/man/man6/                amorra.6.gz
+#   share/doc/amorra/copyright     the licence
 
 set(AMORRA_APP_ID io.github.amorra.Amorra)
 set(amorra_packaging_src ${PROJECT_SOURCE_DIR}/packaging)
@@ -34,7 +35,7 @@ if(TARGET amorra-game)
   install(TARGETS amorra-game RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/amorra)
 endif()
 
-# What the game loads at run time; the icons go to the icon theme instead.
+# What the game loads at run time; the icons go to the icon theme.
 # CONFIGURE_DEPENDS: a picture added later still gets installed.
 file(GLOB amorra_top_assets CONFIGURE_DEPENDS
   ${amorra_assets_src}/girl*.bmp ${amorra_assets_src}/*.gif ${amorra_assets_src}/qsguide.rtf)
@@ -61,8 +62,12 @@ foreach(icon IN LISTS amorra_icons)
       DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${CMAKE_MATCH_1}x${CMAKE_MATCH_1}/apps)
   elseif(icon MATCHES "/amorra\\.svg$")
     install(FILES ${icon} DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+    # The window icon when the theme has no amorra (a prefix outside XDG_DATA_DIRS).
+    install(FILES ${icon} DESTINATION ${AMORRA_ASSETS_DESTINATION}/icons)
   endif()
 endforeach()
+
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
 
 # Debian ships man pages compressed; -n keeps the archive free of time stamps.
 find_program(AMORRA_GZIP gzip)
@@ -99,8 +104,8 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # was built against. Added here is what Qt loads at run time instead: the
 # platform plugins (xcb itself ships in libqt6gui6), a sound server for
 # QSoundEffect (libpulse0 comes with libqt6multimedia6), xdg-open for the
-# help pages, and native Wayland windows.
+# help pages, native Wayland windows and the SVG window icon.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6gui6 (>= 6.4), qt6-qpa-plugins")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pipewire-pulse | pulseaudio, xdg-utils, qt6-wayland")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pipewire-pulse | pulseaudio, xdg-utils, qt6-wayland, libqt6svg6")
 include(CPack)

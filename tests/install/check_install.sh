@@ -95,7 +95,9 @@ ls "$data"/sounds/*.wav >/dev/null 2>&1 || fail "share/amorra/sounds holds no .w
     cmp -s "$source/assets/$f" "$data/$f" || echo "share/amorra/${f#./} is missing or differs from assets/${f#./}"
   done >"$work/asset-diff"
 [ -s "$work/asset-diff" ] && fail "$(cat "$work/asset-diff")"
-[ -e "$data/icons" ] && fail "the icons belong in the icon theme, not in share/amorra"
+# The game's own window icon when the theme does not know amorra.
+cmp -s "$source/assets/icons/amorra.svg" "$data/icons/amorra.svg" || fail "share/amorra/icons/amorra.svg is missing"
+[ -s "$share/doc/amorra/copyright" ] || fail "no licence in share/doc/amorra/copyright"
 
 # Icons: the PNG in each hicolor folder must have that size, or the desktop scales it badly.
 for size in 16 32 48 64 128 256; do
