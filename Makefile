@@ -17,6 +17,7 @@ help:
 	@echo "make package       build the Debian package $(BUILD)/amorra_*.deb"
 	@echo "make install       install under PREFIX (now $(PREFIX)); DESTDIR=... stages it"
 	@echo "make clean         remove the build folder $(BUILD)"
+	@echo "Also:              $(sort $(AREA_TARGETS))"
 	@echo "Variables: BUILD=$(BUILD) JOBS=$(JOBS) CMAKE_FLAGS=..."
 
 deps-%:
@@ -50,4 +51,6 @@ clean:
 
 # More targets (bench, lab, fuzz, soak, lint, test-sanitize...) come from
 # tools/<area>/targets.mk, so each area keeps its own recipes.
--include $(sort $(wildcard tools/*/targets.mk))
+AREA_MAKEFILES := $(sort $(wildcard tools/*/targets.mk))
+AREA_TARGETS := $(shell sed -n 's/^\.PHONY: *//p' $(AREA_MAKEFILES) /dev/null)
+-include $(AREA_MAKEFILES)
