@@ -8,7 +8,7 @@
 #   share/icons/hicolor/           amorra.png in 16..256, amorra.svg
 #   share/metainfo/                io.github.amorra.Amorra.metainfo.xml
 #   share/man/man6/                amorra.6.gz
-#   share/doc/amorra/copyright     the licence
+#   share/doc/amorra/              copyright (the licence), changelog.gz
 
 set(AMORRA_APP_ID io.github.amorra.Amorra)
 set(amorra_packaging_src ${PROJECT_SOURCE_DIR}/packaging)
@@ -69,18 +69,23 @@ endforeach()
 
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
 
-# Debian ships man pages compressed; -n keeps the archive free of time stamps.
+# Debian ships man pages and changelogs compressed; -n keeps the archive free of time stamps.
 find_program(AMORRA_GZIP gzip)
 if(AMORRA_GZIP)
-  add_custom_command(OUTPUT ${amorra_packaging_bin}/amorra.6.gz
-    COMMAND ${CMAKE_COMMAND} -E copy ${amorra_packaging_src}/amorra.6 ${amorra_packaging_bin}/amorra.6
-    COMMAND ${AMORRA_GZIP} -9nf ${amorra_packaging_bin}/amorra.6
-    DEPENDS ${amorra_packaging_src}/amorra.6
-    VERBATIM)
-  add_custom_target(amorra-manpage ALL DEPENDS ${amorra_packaging_bin}/amorra.6.gz)
+  foreach(doc amorra.6 changelog)
+    add_custom_command(OUTPUT ${amorra_packaging_bin}/${doc}.gz
+      COMMAND ${CMAKE_COMMAND} -E copy ${amorra_packaging_src}/${doc} ${amorra_packaging_bin}/${doc}
+      COMMAND ${AMORRA_GZIP} -9nf ${amorra_packaging_bin}/${doc}
+      DEPENDS ${amorra_packaging_src}/${doc}
+      VERBATIM)
+  endforeach()
+  add_custom_target(amorra-docs ALL
+    DEPENDS ${amorra_packaging_bin}/amorra.6.gz ${amorra_packaging_bin}/changelog.gz)
   install(FILES ${amorra_packaging_bin}/amorra.6.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man6)
+  install(FILES ${amorra_packaging_bin}/changelog.gz DESTINATION ${CMAKE_INSTALL_DOCDIR})
 else()
   install(FILES ${amorra_packaging_src}/amorra.6 DESTINATION ${CMAKE_INSTALL_MANDIR}/man6)
+  install(FILES ${amorra_packaging_src}/changelog DESTINATION ${CMAKE_INSTALL_DOCDIR})
 endif()
 
 # The Debian package.
@@ -106,6 +111,6 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # QSoundEffect (libpulse0 comes with libqt6multimedia6), xdg-open for the
 # help pages, native Wayland windows and the SVG window icon.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6gui6 (>= 6.4), qt6-qpa-plugins")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pipewire-pulse | pulseaudio, xdg-utils, qt6-wayland, libqt6svg6")
 include(CPack)

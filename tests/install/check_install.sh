@@ -98,6 +98,8 @@ ls "$data"/sounds/*.wav >/dev/null 2>&1 || fail "share/amorra/sounds holds no .w
 # The game's own window icon when the theme does not know amorra.
 cmp -s "$source/assets/icons/amorra.svg" "$data/icons/amorra.svg" || fail "share/amorra/icons/amorra.svg is missing"
 [ -s "$share/doc/amorra/copyright" ] || fail "no licence in share/doc/amorra/copyright"
+gzip -dc "$share/doc/amorra/changelog.gz" 2>/dev/null | head -n 1 | grep -q "^amorra ($version)" ||
+  fail "share/doc/amorra/changelog.gz does not start with the entry for $version"
 
 # Icons: the PNG in each hicolor folder must have that size, or the desktop scales it badly.
 for size in 16 32 48 64 128 256; do
