@@ -1,0 +1,242 @@
+#include "app_controller.h"
+
+#include "desktop.h"
+#include "ok_window.h"
+#include "setup_screen.h"
+#include "sound_player.h"
+#include "tutorial_window.h"
+
+#include "core/data_files.h"
+#include "core/game_flow.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QUrl>
+
+namespace amorra {
+
+namespace {
+const char kLastFile[] = "last";
+const char kTuteShowFile[] = "tuteshow";
+} // namespace
+
+AppController::AppController(RandomSource &random, SoundPlayer &sound, Desktop &desktop, const QString &assetDir,
+                             QObject *parent)
+    : QObject(parent)
+    , m_sound(sound)
+    , m_desktop(desktop)
+    , m_assetDir(assetDir)
+    , m_main(*this, assetDir)
+    , m_game(m_main, random)
+{
+    connect(&m_main, &MainScreen::modeClicked, this, &AppController::modeClicked);
+    connect(&m_main, &MainScreen::listRowChosen, this, [this] { onListClick(m_game); });
+    connect(&m_main, &MainScreen::actionClicked, this, [this] { onActionButton(m_game); });
+    connect(&m_main, &MainScreen::askOutClicked, this, [this] { onAskOut(m_game); });
+    connect(&m_main, &MainScreen::newGameChosen, this, &AppController::newGame);
+    connect(&m_main, &MainScreen::playAgainChosen, this, &AppController::playAgain);
+    connect(&m_main, &MainScreen::exitChosen, this, &AppController::endProgram);
+    connect(&m_main, &MainScreen::top20Chosen, this, &AppController::top20);
+    connect(&m_main, &MainScreen::soundItemClicked, this, &AppController::soundItemClicked);
+    connect(&m_main, &MainScreen::quickStartChosen, this, &AppController::quickStart);
+    connect(&m_main, &MainScreen::onlineHelpChosen, this, &AppController::onlineHelp);
+    connect(&m_main, &MainScreen::aboutChosen, this, &AppController::about);
+    connect(&m_main, &MainScreen::activated, this, &AppController::mainActivated);
+    connect(&m_main, &MainScreen::resized, this, [this] { desktopFits(); });
+    connect(&m_main, &MainScreen::closedByPlayer, this, &AppController::endProgram);
+}
+
+AppController::~AppController()
+{
+    // Without their reactions: the program is over.
+    for (const QPointer<OkWindow> &w : std::as_const(m_windows))
+        delete w.data();
+    delete m_setup.data();
+}
+
+bool AppController::start()
+{
+    showSetup();
+    return m_setup != nullptr;
+}
+
+int AppController::loadedScreenCount() const
+{
+    int count = (m_mainLoaded ? 1 : 0) + (m_setup ? 1 : 0);
+    for (const QPointer<OkWindow> &w : m_windows)
+        if (w && w->isOpen())
+            ++count;
+    return count;
+}
+
+QList<QWidget *> AppController::openWindows() const
+{
+    QList<QWidget *> open;
+    for (const QPointer<OkWindow> &w : m_windows)
+        if (w && w->isOpen())
+            open << w.data();
+    return open;
+}
+
+bool AppController::desktopFits()
+{
+    if (m_ending)
+        return false;
+    if (desktopLargeEnough(m_desktop.screenSize()))
+        return true;
+    m_ending = true;
+    m_desktop.showMessage(nullptr, QStringLiteral("The desktop size has to be at least 800x600 for Amorra to work properly"),
+                          QStringLiteral("Amorra"), false);
+    endProgram();
+    return false;
+}
+
+void AppController::startPressed()
+{
+    if (!m_setup)
+        return;
+    const QString name = m_setup->nameText();
+    if (name.isEmpty()) { // a name of spaces is a name
+        m_desktop.showMessage(m_setup, QStringLiteral("Please Enter Your Name !!"), QStringLiteral("Amorra"), false);
+        m_setup->focusName();
+        return;
+    }
+    m_setup->hide();
+    m_game.setSetup(m_setup->values());
+    openMain();
+    if (!writeLastName(kLastFile, name.toStdString()))
+        m_desktop.showMessage(&m_main,
+                              QStringLiteral("Amorra could not remember your name for next time: the file \"last\" "
+                                             "cannot be written here. The game goes on."),
+                              QStringLiteral("Amorra"), true);
+}
+
+void AppController::openMain()
+{
+    m_main.resetToDesignState();
+    m_mainLoaded = true;
+    startFirstGame(m_game);
+    syncSoundItem();
+    m_main.show();
+    if (desktopFits())
+        m_main.FocusMain();
+}
+
+void AppController::modeClicked(ActionMode mode)
+{
+    switch (mode) {
+    case ActionMode::Gift:
+        onBuyGift(m_game);
+        break;
+    case ActionMode::Phone:
+        onCallHer(m_game);
+        break;
+    case ActionMode::Date:
+        onTakeHerOut(m_game);
+        break;
+    case ActionMode::Work:
+        onGoToWork(m_game);
+        break;
+    case ActionMode::Shop:
+        onGoShopping(m_game);
+        break;
+    case ActionMode::None:
+        break;
+    }
+}
+
+void AppController::newGame()
+{
+    // Closing the main screen closes the hidden setup screen with it; both
+    // load afresh, and the game starts again at START.
+    m_main.hide();
+    m_mainLoaded = false;
+    closeSetup();
+    showSetup();
+}
+
+void AppController::closeSetup()
+{
+    // Later, as this may run inside the setup screen's own close.
+    if (m_setup) {
+        m_setup->hide();
+        m_setup->deleteLater();
+        m_setup = nullptr;
+    }
+}
+
+void AppController::playAgain()
+{
+    playAgainFromMenu(m_game);
+    syncSoundItem();
+}
+
+void AppController::syncSoundItem()
+{
+    // A new game turns sound on; the check mark must not say otherwise.
+    m_main.setSoundChecked(m_game.state().sound_on);
+}
+
+void AppController::soundItemClicked(bool wasChecked)
+{
+    m_main.setSoundChecked(toggleSoundItem(m_game.state(), wasChecked));
+}
+
+void AppController::top20()
+{
+    m_main.EnableMain(false);
+    m_main.ShowHighScores();
+}
+
+void AppController::about()
+{
+    m_main.EnableMain(false);
+    m_main.ShowAbout();
+}
+
+void AppController::quickStart()
+{
+    if (TutorialWindow *guide = openTutorial())
+        guide->hideDontShow();
+}
+
+void AppController::onlineHelp()
+{
+    openWebPage(QStringLiteral("help/index.html"));
+}
+
+void AppController::mainActivated()
+{
+    // Once per run, on the main screen's first activation.
+    if (m_tuteChecked || !m_mainLoaded)
+        return;
+    m_tuteChecked = true;
+    if (readTuteShow(kTuteShowFile) == 1) {
+        m_main.EnableMain(false);
+        m_main.ShowTutorial();
+    }
+}
+
+void AppController::endProgram()
+{
+    m_ending = true;
+    m_mainLoaded = false;
+    m_main.hide();
+    closeSetup();
+    m_desktop.quit();
+}
+
+void AppController::openWebPage(const QString &file)
+{
+    QWidget *parent = openWindows().isEmpty() ? static_cast<QWidget *>(&m_main) : openWindows().back();
+    const QString path = QDir(m_assetDir).filePath(file);
+    if (!QFileInfo(path).isFile()) {
+        m_desktop.showMessage(parent, QStringLiteral("Could not your Browser"), QStringLiteral("Browser Not Found"),
+                              true);
+        return;
+    }
+    if (!m_desktop.openUrl(QUrl::fromLocalFile(path)))
+        m_desktop.showMessage(parent, QStringLiteral("Web Page not Opened"), QStringLiteral("URL Failed"), true);
+}
+
+} // namespace amorra

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "main_screen.h"
+#include "ok_window.h"
+#include "screen_host.h"
+#include "setup_screen.h"
+
+#include "core/game.h"
+#include "scores/score_table.h"
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+
+namespace amorra {
+
+class Desktop;
+class SoundPlayer;
+class TutorialWindow;
+
+// Runs the program: the setup screen, the main screen and the one game of
+// the run, and every other window as the game asks for it. The data files
+// ("last", "tuteshow", "Scores", "qsguide.rtf") are used by their bare names
+// in the current directory; pictures and sounds come from `assetDir`.
+class AppController : public QObject, private ScreenHost
+{
+    Q_OBJECT
+
+public:
+    AppController(RandomSource &random, SoundPlayer &sound, Desktop &desktop, const QString &assetDir,
+                  QObject *parent = nullptr);
+    ~AppController() override;
+
+    // Opens the setup screen; false when the desktop is too small, in which
+    // case the player has been told and the program is ending.
+    bool start();
+
+    Game &game() { return m_game; }
+    MainScreen &mainScreen() { return m_main; }
+    SetupScreen *setupScreen() const { return m_setup; }
+    // The windows besides main and setup that are open now, oldest first.
+    QList<QWidget *> openWindows() const;
+    int loadedScreenCount() const override;
+
+private:
+    // ScreenHost: opening the other windows.
+    void showNotice(NoticeKind kind, const std::string &text) override;
+    void showGameOver() override;
+    void showWin(const std::string &moneyText, const std::string &daysText, const std::string &scoreText) override;
+    void showLose(const std::string &text) override;
+    void showHighScores() override;
+    void showSetup() override;
+    void showTutorial() override;
+    void showAbout() override;
+    void showMessage(const std::string &text, const std::string &title, bool exclamation) override;
+    void playSound(const std::string &path, SoundMode mode) override;
+
+    // The player's doings on the setup and main screens.
+    void startPressed();
+    void modeClicked(ActionMode mode);
+    void newGame();
+    void playAgain();
+    void top20();
+    void soundItemClicked(bool wasChecked);
+    void quickStart();
+    void onlineHelp();
+    void about();
+    void mainActivated();
+    void endProgram();
+
+    bool desktopFits();
+    void openMain();
+    void closeSetup();
+    void syncSoundItem();
+    void openWebPage(const QString &file);
+    TutorialWindow *openTutorial();
+    // Places a new window, counts it as loaded until it closes, and shows it.
+    void present(OkWindow *window);
+    void giveMainBack();
+
+    SoundPlayer &m_sound;
+    Desktop &m_desktop;
+    QString m_assetDir;
+    MainScreen m_main;
+    Game m_game;
+    ScoreTable m_scores{};
+    QPointer<SetupScreen> m_setup;
+    QList<QPointer<OkWindow>> m_windows;
+    bool m_mainLoaded = false;
+    bool m_tuteChecked = false;
+    bool m_scoreTroubleTold = false;
+    bool m_ending = false;
+};
+
+} // namespace amorra

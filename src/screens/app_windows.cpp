@@ -1,0 +1,186 @@
+// Opening the windows the game asks for, and what their buttons do.
+#include "app_controller.h"
+
+#include "about_box.h"
+#include "desktop.h"
+#include "game_over_dialog.h"
+#include "high_score_window.h"
+#include "lose_screen.h"
+#include "notice_window.h"
+#include "setup_screen.h"
+#include "sound_player.h"
+#include "text_notice.h"
+#include "tutorial_window.h"
+#include "win_screen.h"
+
+#include "core/data_files.h"
+#include "core/game_flow.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace amorra {
+
+namespace {
+
+const char kScoresFile[] = "Scores";
+const char kLastFile[] = "last";
+const char kTuteShowFile[] = "tuteshow";
+const char kGuideFile[] = "qsguide.rtf";
+constexpr int kCascade = 24;
+
+QString qt(const std::string &s)
+{
+    return QString::fromStdString(s);
+}
+
+} // namespace
+
+void AppController::present(OkWindow *window)
+{
+    const int alreadyOpen = int(openWindows().size());
+    m_windows.removeAll(QPointer<OkWindow>());
+    m_windows << window;
+
+    // Over the main screen, each further window a little lower and to the
+    // right, so that several notices open at once can all be seen.
+    QRect area;
+    if (m_main.isVisible())
+        area = m_main.geometry();
+    else if (const QScreen *screen = QGuiApplication::primaryScreen())
+        area = screen->availableGeometry();
+    if (area.isValid()) {
+        const QPoint offset(kCascade * alreadyOpen, kCascade * alreadyOpen);
+        window->move(area.center() - QPoint(window->width() / 2, window->height() / 2) + offset);
+    }
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+void AppController::giveMainBack()
+{
+    m_main.EnableMain(true);
+    m_main.FocusMain();
+}
+
+void AppController::showNotice(NoticeKind kind, const std::string &text)
+{
+    OkWindow *window = nullptr;
+    if (kind == NoticeKind::TextNotice)
+        window = new TextNotice(qt(text));
+    else
+        window = new NoticeWindow(kind, qt(m_game.state().girl.Gname), m_assetDir);
+    connect(window, &OkWindow::finished, this, [this, kind] { OnNoticeOk(m_game, kind); });
+    present(window);
+}
+
+void AppController::showGameOver()
+{
+    auto *dialog = new GameOverDialog(m_assetDir);
+    connect(dialog, &OkWindow::finished, this, [this](int choice) {
+        if (choice == OkWindow::PlayAgain) {
+            gameOverPlayAgain(m_game);
+            syncSoundItem();
+        } else {
+            gameOverOk(m_game);
+        }
+    });
+    present(dialog);
+}
+
+void AppController::showWin(const std::string &moneyText, const std::string &daysText, const std::string &scoreText)
+{
+    auto *win = new WinScreen(qt(m_game.state().player.player_name), qt(moneyText), qt(daysText), qt(scoreText),
+                              m_assetDir);
+    connect(win, &OkWindow::finished, this, [this] { onWinOk(m_game); });
+    present(win);
+    m_game.play_sound("\\sounds\\kiss.wav", SoundMode::Async);
+}
+
+void AppController::showLose(const std::string &text)
+{
+    auto *lose = new LoseScreen(qt(text));
+    connect(lose, &OkWindow::finished, this, [this] { onLoseOk(m_game); });
+    present(lose);
+    m_game.play_sound("\\sounds\\sigh_m.wav", SoundMode::Async);
+}
+
+void AppController::showHighScores()
+{
+    const HighScoreScreenData data = openHighScores(m_game.state().result, m_scores, kScoresFile);
+    auto *table = new HighScoreWindow(data, m_assetDir);
+    connect(table, &OkWindow::finished, this, &AppController::giveMainBack);
+    present(table);
+    if ((data.loadFailed || data.saveFailed) && !m_scoreTroubleTold) {
+        m_scoreTroubleTold = true;
+        const QString text = data.saveFailed
+                                 ? QStringLiteral("The Top 20 table could not be saved. Your scores are kept for this "
+                                                  "session.")
+                                 : QStringLiteral("The Top 20 table could not be read. The scores of this session are "
+                                                  "shown instead.");
+        m_desktop.showMessage(table, text, QStringLiteral("Amorra"), true);
+    }
+}
+
+void AppController::showSetup()
+{
+    if (!desktopFits())
+        return;
+    m_setup = new SetupScreen(qt(readLastName(kLastFile)), m_assetDir);
+    connect(m_setup, &SetupScreen::startPressed, this, &AppController::startPressed);
+    connect(m_setup, &SetupScreen::closedByPlayer, this, &AppController::endProgram);
+    if (const QScreen *screen = QGuiApplication::primaryScreen()) {
+        const QRect area = screen->availableGeometry();
+        m_setup->move(area.center() - QPoint(m_setup->width() / 2, m_setup->height() / 2));
+    }
+    m_setup->show();
+    m_setup->focusName();
+}
+
+void AppController::showTutorial()
+{
+    openTutorial();
+}
+
+TutorialWindow *AppController::openTutorial()
+{
+    for (const QPointer<OkWindow> &w : std::as_const(m_windows)) {
+        if (auto *open = qobject_cast<TutorialWindow *>(w.data()); open && open->isOpen()) {
+            open->raise();
+            open->activateWindow();
+            return open;
+        }
+    }
+    auto *guide = new TutorialWindow(QString::fromLatin1(kGuideFile));
+    connect(guide, &OkWindow::finished, this, [this, guide] {
+        if (guide->dontShowAgain() && !writeTuteShow(kTuteShowFile, 0))
+            m_desktop.showMessage(guide,
+                                  QStringLiteral("Amorra could not save \"Don't show this again\": the file "
+                                                 "\"tuteshow\" cannot be written here."),
+                                  QStringLiteral("Amorra"), true);
+        giveMainBack();
+    });
+    present(guide);
+    return guide;
+}
+
+void AppController::showAbout()
+{
+    auto *box = new AboutBox(m_assetDir);
+    connect(box, &AboutBox::homePageRequested, this, [this] { openWebPage(QStringLiteral("help/about.html")); });
+    connect(box, &OkWindow::finished, this, &AppController::giveMainBack);
+    present(box);
+}
+
+void AppController::showMessage(const std::string &text, const std::string &title, bool exclamation)
+{
+    m_desktop.showMessage(&m_main, qt(text), qt(title), exclamation);
+}
+
+void AppController::playSound(const std::string &path, SoundMode mode)
+{
+    m_sound.play(qt(soundFilePath(m_assetDir.toStdString(), path)), mode);
+}
+
+} // namespace amorra

@@ -1,0 +1,103 @@
+#include "high_score_window.h"
+
+#include "widget_helpers.h"
+#include "win_screen.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableWidget>
+
+namespace amorra {
+
+namespace {
+
+constexpr int kColumnTwips[5] = {350, 3100, 1250, 1550, 1250};
+
+QString qt(const std::string &s)
+{
+    return QString::fromStdString(s);
+}
+
+QTableWidget *makeGrid(QWidget *parent, const HighScoreScreenData &data)
+{
+    auto *grid = new QTableWidget(kShownScores, 5, parent);
+    nameControl(grid, QStringLiteral("Score_list"), QStringLiteral("Top 20 table"));
+    grid->setGeometry(twipsRect(0, 0, 7380, 5130));
+    grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grid->setSelectionMode(QAbstractItemView::NoSelection);
+    grid->setFocusPolicy(Qt::StrongFocus);
+    grid->setWordWrap(false);
+    grid->verticalHeader()->hide(); // the rank is a column of its own
+    grid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    grid->setStyleSheet(QStringLiteral(
+        "QTableWidget { background-color: rgb(192,192,255); gridline-color: rgb(128,128,255); }"
+        "QHeaderView::section { background-color: rgb(128,128,255); color: rgb(0,0,64);"
+        " border: 0px; border-right: 1px solid rgb(0,0,64); border-bottom: 1px solid rgb(0,0,64); }"));
+
+    QHeaderView *header = grid->horizontalHeader();
+    header->setSectionsClickable(false);
+    header->setHighlightSections(false);
+    header->setMinimumSectionSize(1);
+    header->setFixedHeight(16);
+    for (int c = 0; c < 5; ++c) {
+        header->resizeSection(c, twips(kColumnTwips[c]));
+        const QString text = c < int(data.headers.size()) ? qt(data.headers[c]) : QString();
+        grid->setHorizontalHeaderItem(c, new QTableWidgetItem(text));
+    }
+    // The last column takes what the grid has left, so no scroll bar appears.
+    header->setStretchLastSection(true);
+    grid->verticalHeader()->setMinimumSectionSize(1);
+    grid->verticalHeader()->setDefaultSectionSize(16);
+
+    for (int r = 0; r < kShownScores; ++r) {
+        const ScoreRow *row = r < int(data.rows.size()) ? &data.rows[size_t(r)] : nullptr;
+        for (int c = 0; c < 5; ++c) {
+            auto *item = new QTableWidgetItem(row ? qt(row->cells[size_t(c)]) : QString());
+            item->setTextAlignment(c == 1 ? Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter) : Qt::Alignment(Qt::AlignCenter));
+            if (row && row->red)
+                item->setForeground(QColor(255, 0, 0));
+            grid->setItem(r, c, item);
+        }
+    }
+    return grid;
+}
+
+} // namespace
+
+HighScoreWindow::HighScoreWindow(const HighScoreScreenData &data, const QString &assetDir, QWidget *parent)
+    : OkWindow(parent)
+{
+    setObjectName(QStringLiteral("Form5"));
+    setWindowTitle(QStringLiteral("Amorra - Top 20 SWEELA getters"));
+    setAccessibleName(windowTitle());
+    setFixedSize(twips(9690), twips(5130));
+
+    m_grid = makeGrid(this, data);
+
+    auto *title = new QLabel(QStringLiteral("Ultimate SWEELA Getter..."), this);
+    nameControl(title, QStringLiteral("Label2"), title->text());
+    title->setFont(arialFont(8.25));
+    title->setGeometry(twipsRect(7560, 0, 2055, 255));
+
+    makeAnimation(this, assetDir, QStringLiteral("champ.gif"), QStringLiteral("champ_gif"),
+                  twipsRect(7440, 360, 2145, 2730));
+
+    auto *champion = new QLabel(qt(data.champion), this);
+    champion->setTextFormat(Qt::PlainText);
+    champion->setAlignment(Qt::AlignCenter);
+    champion->setFont(arialFont(9, true));
+    nameControl(champion, QStringLiteral("Label1"), QStringLiteral("Champion"));
+    champion->setGeometry(twipsRect(7440, 3120, 2175, 255));
+
+    makeAnimation(this, assetDir, QStringLiteral("champlbl.gif"), QStringLiteral("champlbl_gif"),
+                  twipsRect(7440, 3480, 2400, 630));
+
+    QPushButton *ok = makeButton(QStringLiteral("OK"), QStringLiteral("Command1"), Ok);
+    ok->setGeometry(twipsRect(8160, 4440, 975, 375));
+    setTabOrder(m_grid, ok);
+    ok->setFocus();
+}
+
+} // namespace amorra

@@ -1,0 +1,296 @@
+#include "main_screen.h"
+
+#include "action_list.h"
+#include "heart_meter.h"
+#include "screen_host.h"
+#include "widget_helpers.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QToolButton>
+
+namespace amorra {
+
+namespace {
+
+QString qt(const std::string &s)
+{
+    return QString::fromStdString(s);
+}
+
+// Lines in the talk box are joined by CR LF; the text box wants plain line feeds.
+QString talkForDisplay(const std::string &text)
+{
+    QString shown = qt(text);
+    shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    shown.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return shown;
+}
+
+} // namespace
+
+MainScreen::MainScreen(ScreenHost &host, const QString &assetDir, QWidget *parent)
+    : QMainWindow(parent)
+    , m_host(host)
+    , m_assetDir(assetDir)
+{
+    setObjectName(QStringLiteral("Form1"));
+    setWindowTitle(gameTitle());
+    setAccessibleName(gameTitle());
+    buildScreen();
+    buildMenus();
+    resetToDesignState();
+    adjustSize();
+    setFixedSize(sizeHint());
+
+    // Remember where the keyboard was, to give it back after a notice.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
+        if (now && now->window() == this)
+            m_lastFocus = now;
+    });
+}
+
+void MainScreen::resetToDesignState()
+{
+    SetTalk("");
+    m_listTitle.clear();
+    m_listFrame->setTitle(QString());
+    ClearList();
+    SetListTip("");
+    m_ok->setText(QStringLiteral("GO"));
+    m_ok->setAccessibleName(QStringLiteral("GO"));
+    m_ok->hide();
+    m_askOut->hide();
+    m_takeHerOut->setEnabled(false);
+    m_heart->setLit(0);
+    m_heart->setNumber(QStringLiteral("0"));
+    m_day->setText(QStringLiteral("Day 1"));
+    m_money->setText(QStringLiteral("Bank Balance: $50"));
+    m_spent->setText(QStringLiteral("$0"));
+    m_looks->setValue(0);
+    m_brains->setValue(0);
+    m_luck->setValue(0);
+    m_face->setPixmap(loadPicture(m_assetDir, QStringLiteral("pictures/face_default.png")));
+    setTip(m_face, QString());
+    m_soundItem->setChecked(true);
+    setEnabled(true);
+}
+
+void MainScreen::setSoundChecked(bool checked)
+{
+    m_soundItem->setChecked(checked);
+}
+
+bool MainScreen::soundChecked() const
+{
+    return m_soundItem->isChecked();
+}
+
+void MainScreen::SetTalk(const std::string &text)
+{
+    m_talkText = text;
+    m_talk->setPlainText(talkForDisplay(text));
+}
+
+std::string MainScreen::GetTalk() const
+{
+    return m_talkText;
+}
+
+void MainScreen::SetListTitle(const std::string &text)
+{
+    m_listTitle = text;
+    m_listFrame->setTitle(qt(text));
+    m_listFrame->setAccessibleName(text.empty() ? QStringLiteral("Actions") : qt(text));
+}
+
+std::string MainScreen::GetListTitle() const
+{
+    return m_listTitle;
+}
+
+void MainScreen::ClearList()
+{
+    m_list->clearRows();
+}
+
+void MainScreen::AddListRow(const std::string &text)
+{
+    m_list->addRow(qt(text));
+}
+
+int MainScreen::GetListIndex() const
+{
+    return m_list->selectedIndex();
+}
+
+void MainScreen::SetListTip(const std::string &text)
+{
+    setTip(m_list, qt(text));
+}
+
+void MainScreen::SetOkCaption(const std::string &text)
+{
+    m_ok->setText(qt(text));
+    m_ok->setAccessibleName(qt(text));
+}
+
+void MainScreen::ShowOk(bool shown)
+{
+    m_ok->setVisible(shown);
+}
+
+void MainScreen::ShowAskOut(bool shown)
+{
+    m_askOut->setVisible(shown);
+    if (!shown)
+        m_list->setPressedLook(false);
+}
+
+void MainScreen::EnableTakeHerOut(bool enabled)
+{
+    m_takeHerOut->setEnabled(enabled);
+}
+
+void MainScreen::SetMoneyLabel(const std::string &text)
+{
+    m_money->setText(qt(text));
+    m_money->repaint();
+}
+
+void MainScreen::SetDayLabel(const std::string &text)
+{
+    m_day->setText(qt(text));
+}
+
+void MainScreen::SetSpentLabel(const std::string &text)
+{
+    m_spent->setText(qt(text));
+}
+
+void MainScreen::SetStatBars(int looks, int brains, int luck)
+{
+    // The ratings arrive unclamped; a bar shows 0 to 100.
+    m_looks->setValue(qBound(0, looks, 100));
+    m_brains->setValue(qBound(0, brains, 100));
+    m_luck->setValue(qBound(0, luck, 100));
+}
+
+void MainScreen::SetHeartBar(int lit)
+{
+    m_heart->setLit(lit);
+}
+
+void MainScreen::SetHeartLabel(const std::string &text)
+{
+    m_heart->setNumber(qt(text));
+}
+
+void MainScreen::SetFace(const std::string &picture, const std::string &tooltip)
+{
+    QPixmap face = loadPicture(m_assetDir, qt(picture));
+    if (face.isNull())
+        face = loadPicture(m_assetDir, QStringLiteral("pictures/face_default.png"));
+    m_face->setPixmap(face);
+    setTip(m_face, qt(tooltip));
+}
+
+void MainScreen::EnableMain(bool enabled)
+{
+    setEnabled(enabled);
+}
+
+void MainScreen::FocusMain()
+{
+    show();
+    raise();
+    activateWindow();
+    QWidget *target = m_lastFocus;
+    if (!target || !target->isVisible() || !target->isEnabled())
+        target = m_modeButtons[0];
+    target->setFocus(Qt::ActiveWindowFocusReason);
+}
+
+int MainScreen::LoadedScreenCount() const
+{
+    return m_host.loadedScreenCount();
+}
+
+void MainScreen::ShowNotice(NoticeKind kind, const std::string &text)
+{
+    m_host.showNotice(kind, text);
+}
+
+void MainScreen::ShowGameOver()
+{
+    m_host.showGameOver();
+}
+
+void MainScreen::ShowWin(const std::string &moneyText, const std::string &daysText, const std::string &scoreText)
+{
+    m_host.showWin(moneyText, daysText, scoreText);
+}
+
+void MainScreen::ShowLose(const std::string &text)
+{
+    m_host.showLose(text);
+}
+
+void MainScreen::ShowHighScores()
+{
+    m_host.showHighScores();
+}
+
+void MainScreen::ShowSetup()
+{
+    m_host.showSetup();
+}
+
+void MainScreen::ShowTutorial()
+{
+    m_host.showTutorial();
+}
+
+void MainScreen::ShowAbout()
+{
+    m_host.showAbout();
+}
+
+void MainScreen::ShowMessage(const std::string &text, const std::string &title, bool exclamation)
+{
+    m_host.showMessage(text, title, exclamation);
+}
+
+void MainScreen::PlaySound(const std::string &path, SoundMode mode)
+{
+    m_host.playSound(path, mode);
+}
+
+bool MainScreen::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        Q_EMIT activated();
+    return QMainWindow::event(event);
+}
+
+void MainScreen::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    if (isVisible())
+        Q_EMIT resized();
+}
+
+void MainScreen::closeEvent(QCloseEvent *event)
+{
+    // Only the player closes this window; a new game merely hides it.
+    event->accept();
+    Q_EMIT closedByPlayer();
+}
+
+} // namespace amorra

@@ -1,0 +1,241 @@
+// Building the main screen's controls and menus, at the design's positions.
+#include "main_screen.h"
+
+#include "action_list.h"
+#include "heart_meter.h"
+#include "widget_helpers.h"
+
+#include <QAction>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QToolButton>
+
+namespace amorra {
+
+namespace {
+
+QLabel *filledLabel(QWidget *parent, const QRect &shape, const QRect &label, const QFont &font, const QString &sheet)
+{
+    auto *backdrop = new QFrame(parent);
+    backdrop->setGeometry(shape);
+    backdrop->setStyleSheet(sheet);
+    backdrop->setAttribute(Qt::WA_StyledBackground);
+    auto *text = new QLabel(parent);
+    text->setGeometry(label);
+    text->setFont(font);
+    text->setAlignment(Qt::AlignCenter);
+    text->setTextFormat(Qt::PlainText);
+    text->setStyleSheet(sheet);
+    return text;
+}
+
+QProgressBar *ratingBar(QWidget *parent, const QString &name, const QString &role, int top)
+{
+    auto *bar = new QProgressBar(parent);
+    nameControl(bar, name, role);
+    bar->setRange(0, 100);
+    bar->setTextVisible(false);
+    bar->setGeometry(twipsRect(3360, top, 3255, 135));
+    return bar;
+}
+
+void smallPicture(QWidget *parent, const QString &assetDir, const QString &file, int left, int barTop)
+{
+    auto *picture = new QLabel(parent);
+    picture->setObjectName(file.section(QLatin1Char('/'), -1).section(QLatin1Char('.'), 0, 0));
+    picture->setPixmap(loadPicture(assetDir, file));
+    // Centred on its bar.
+    picture->setGeometry(left, twips(barTop) + twips(135) / 2 - 8, 16, 16);
+}
+
+} // namespace
+
+QToolButton *MainScreen::addModeButton(QWidget *parent, ActionMode mode, const QString &caption, const QString &name,
+                                       const QString &picture, const QRect &geometry, const QString &tip)
+{
+    auto *button = new QToolButton(parent);
+    nameControl(button, name, caption, tip);
+    button->setText(caption);
+    button->setIcon(QIcon(loadPicture(m_assetDir, picture)));
+    button->setIconSize(QSize(32, 32));
+    button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setGeometry(geometry);
+    clickOnEnter(button);
+    connect(button, &QToolButton::clicked, this, [this, mode] { Q_EMIT modeClicked(mode); });
+    return button;
+}
+
+void MainScreen::buildScreen()
+{
+    auto *screen = new QWidget(this);
+    screen->setObjectName(QStringLiteral("Form1_client"));
+    screen->setFixedSize(twips(7425), twips(7335));
+    screen->setFont(sansSerifFont(8.25));
+    setCentralWidget(screen);
+
+    auto *modePanel = new QGroupBox(screen);
+    modePanel->setObjectName(QStringLiteral("mode_panel"));
+    modePanel->setGeometry(twipsRect(120, 0, 1335, 5775));
+    m_modeButtons[0] = addModeButton(screen, ActionMode::Phone, QStringLiteral("Call Her"), QStringLiteral("Command2"),
+                                     QStringLiteral("pictures/mode_phone.png"), twipsRect(240, 240, 1095, 855),
+                                     QStringLiteral("Call Her and smooth talk her"));
+    m_modeButtons[1] = addModeButton(screen, ActionMode::Gift, QStringLiteral("Buy A Gift"),
+                                     QStringLiteral("Command1"), QStringLiteral("pictures/mode_gift.png"),
+                                     twipsRect(240, 1200, 1095, 855), QStringLiteral("Get her a Gift"));
+    m_modeButtons[2] = addModeButton(screen, ActionMode::Date, QStringLiteral("Take Her Out"),
+                                     QStringLiteral("Command3"), QStringLiteral("pictures/mode_date.png"),
+                                     twipsRect(240, 2160, 1095, 1095), QStringLiteral("Take her out on a date"));
+    m_modeButtons[3] = addModeButton(
+        screen, ActionMode::Work, QStringLiteral("Go to Work"), QStringLiteral("Command4"),
+        QStringLiteral("pictures/mode_work.png"), twipsRect(240, 3360, 1095, 1095),
+        QStringLiteral("Go to the employment agency to look for Work. Your LUCK will determine the job availability."));
+    m_modeButtons[4] = addModeButton(
+        screen, ActionMode::Shop, QStringLiteral("Go Shopping"), QStringLiteral("Command5"),
+        QStringLiteral("pictures/mode_shop.png"), twipsRect(240, 4560, 1095, 1095),
+        QStringLiteral("Go Shopping for stuff. The things you buy will improve your LOOKS, BRAINS  OR LUCK"));
+    m_takeHerOut = m_modeButtons[2];
+
+    QFont dayFont;
+    dayFont.setFamilies({QStringLiteral("Arial Black"), QStringLiteral("Arial"), QStringLiteral("Liberation Sans"),
+                         QStringLiteral("Nimbus Sans"), QStringLiteral("DejaVu Sans")});
+    dayFont.setPointSizeF(24);
+    dayFont.setBold(true);
+    m_day = filledLabel(screen, twipsRect(1560, 120, 3615, 975), twipsRect(1680, 240, 3375, 735), dayFont,
+                        colourSheet("QWidget", 64, 64, 64, 192, 192, 255));
+    nameControl(m_day, QStringLiteral("days_lbl"), QStringLiteral("Day"), QStringLiteral("Total number of days"));
+
+    m_money = filledLabel(screen, twipsRect(1560, 1080, 3615, 735), twipsRect(1680, 1200, 3375, 375),
+                          arialFont(14.25), colourSheet("QWidget", 0, 0, 0, 192, 255, 192));
+    nameControl(m_money, QStringLiteral("money_lbl"), QStringLiteral("Bank balance"),
+                QStringLiteral("Amount of money you have"));
+
+    m_face = new QLabel(screen);
+    nameControl(m_face, QStringLiteral("Picture7"), QStringLiteral("Her picture"));
+    m_face->setGeometry(twipsRect(5280, 120, 1575, 1695));
+    m_face->setAlignment(Qt::AlignCenter);
+
+    m_heart = new HeartMeter(m_assetDir, screen);
+    nameControl(m_heart, QStringLiteral("heart_panel"), QStringLiteral("Heart meter"), QStringLiteral("Heart Bar"));
+    m_heart->setGeometry(twipsRect(6960, 120, 340, 5655));
+
+    m_talk = new QPlainTextEdit(screen);
+    nameControl(m_talk, QStringLiteral("Talk"), QStringLiteral("Talk"), QStringLiteral("Dialog window"));
+    m_talk->setGeometry(twipsRect(1560, 1920, 5295, 855));
+    m_talk->setReadOnly(true);
+    m_talk->setFont(arialFont(9, true));
+    m_talk->setStyleSheet(colourSheet("QPlainTextEdit", 0, 0, 0, 255, 255, 255));
+
+    m_listFrame = new QGroupBox(screen);
+    nameControl(m_listFrame, QStringLiteral("Frame1"), QStringLiteral("Actions"));
+    m_listFrame->setGeometry(twipsRect(1560, 2760, 5295, 3015));
+
+    m_list = new ActionList(m_listFrame);
+    nameControl(m_list, QStringLiteral("Do_List"), QStringLiteral("Action list"));
+    m_list->setGeometry(twipsRect(120, 240, 5055, 2205));
+    m_list->setFont(sansSerifFont(8.25, true));
+    connect(m_list, &ActionList::rowChosen, this, &MainScreen::listRowChosen);
+
+    m_ok = new QPushButton(QStringLiteral("GO"), m_listFrame);
+    nameControl(m_ok, QStringLiteral("cmd_ok"), QStringLiteral("GO"));
+    m_ok->setGeometry(twipsRect(4320, 2520, 855, 375));
+    m_ok->setFont(arialFont(8.25, true));
+    m_ok->setAutoDefault(true);
+    m_ok->setStyleSheet(QStringLiteral(
+        "QPushButton { background-color: rgb(192,192,255); border: 1px solid rgb(96,96,128); border-radius: 3px; }"
+        "QPushButton:pressed { background-color: rgb(160,160,240); }"
+        "QPushButton:focus { border: 2px solid rgb(0,0,128); }"));
+    connect(m_ok, &QPushButton::clicked, this, &MainScreen::actionClicked);
+
+    m_askOut = new QPushButton(QStringLiteral("Do you want to go out sometime?"), m_listFrame);
+    nameControl(m_askOut, QStringLiteral("ask_out_cmd"), m_askOut->text(), QStringLiteral("Click to ask her out."));
+    m_askOut->setGeometry(twipsRect(120, 2520, 3015, 375));
+    m_askOut->setFont(arialFont(8.25, true));
+    m_askOut->setAutoDefault(true);
+    connect(m_askOut, &QPushButton::pressed, this, [this] { m_list->setPressedLook(true); });
+    connect(m_askOut, &QPushButton::released, this, [this] { m_list->setPressedLook(false); });
+    connect(m_askOut, &QPushButton::clicked, this, &MainScreen::askOutClicked);
+
+    auto *bottom = new QGroupBox(screen);
+    bottom->setObjectName(QStringLiteral("bottom_frame"));
+    bottom->setGeometry(twipsRect(120, 5760, 7215, 1455));
+    auto *spentBox = new QGroupBox(bottom);
+    nameControl(spentBox, QStringLiteral("spent_frame"), QStringLiteral("Total Money spent on her"),
+                QStringLiteral("The less you spend the higher your score is!"));
+    spentBox->setGeometry(twipsRect(120, 120, 2535, 1215));
+    auto *spentCaption = new QLabel(QStringLiteral("Total Money spent on her"), spentBox);
+    QFont captionFont = arialFont(9, true);
+    captionFont.setItalic(true);
+    spentCaption->setFont(captionFont);
+    spentCaption->setGeometry(twipsRect(120, 240, 2295, 255));
+    m_spent = new QLabel(spentBox);
+    nameControl(m_spent, QStringLiteral("moneyspent_lbl"), QStringLiteral("Money spent on her"));
+    m_spent->setTextFormat(Qt::PlainText);
+    m_spent->setFont(arialFont(15.75, true));
+    m_spent->setStyleSheet(QStringLiteral("color: rgb(0,128,0);"));
+    m_spent->setGeometry(twipsRect(120, 600, 2175, 375));
+
+    m_looks = ratingBar(bottom, QStringLiteral("looksSTAT"), QStringLiteral("Looks rating"), 240);
+    m_brains = ratingBar(bottom, QStringLiteral("brainsSTAT"), QStringLiteral("Brains rating"), 640);
+    m_luck = ratingBar(bottom, QStringLiteral("luckSTAT"), QStringLiteral("Luck rating"), 1080);
+    const int tops[3] = {240, 640, 1080};
+    const char *kinds[3] = {"looks", "brains", "luck"};
+    for (int i = 0; i < 3; ++i) {
+        const QString kind = QLatin1String(kinds[i]);
+        smallPicture(bottom, m_assetDir, QStringLiteral("pictures/stat_%1_a.png").arg(kind), twips(2880), tops[i]);
+        smallPicture(bottom, m_assetDir, QStringLiteral("pictures/stat_%1_b.png").arg(kind), twips(6720), tops[i]);
+    }
+
+    // The keyboard follows the screen: modes top to bottom, then the talk,
+    // the list and its two buttons.
+    QWidget *order[] = {m_modeButtons[0], m_modeButtons[1], m_modeButtons[2], m_modeButtons[3],
+                        m_modeButtons[4], m_talk,           m_list,           m_askOut,
+                        m_ok};
+    for (size_t i = 1; i < std::size(order); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
+
+void MainScreen::buildMenus()
+{
+    QMenuBar *bar = menuBar();
+    auto item = [this](QMenu *menu, const QString &text, const QString &name, void (MainScreen::*signal)()) {
+        QAction *action = menu->addAction(text);
+        action->setObjectName(name);
+        connect(action, &QAction::triggered, this, signal);
+        return action;
+    };
+
+    QMenu *file = bar->addMenu(QStringLiteral("&File"));
+    file->setObjectName(QStringLiteral("file_mnu"));
+    item(file, QStringLiteral("Start &New Game"), QStringLiteral("newgame"), &MainScreen::newGameChosen);
+    item(file, QStringLiteral("&Play Again"), QStringLiteral("rstart"), &MainScreen::playAgainChosen);
+    file->addSeparator();
+    item(file, QStringLiteral("&Exit"), QStringLiteral("exit"), &MainScreen::exitChosen);
+
+    // A menu title that is itself the command.
+    QAction *top20 = bar->addAction(QStringLiteral("&Top 20 SWEELA getters"));
+    top20->setObjectName(QStringLiteral("top20"));
+    connect(top20, &QAction::triggered, this, &MainScreen::top20Chosen);
+
+    QMenu *sounds = bar->addMenu(QStringLiteral("&Sounds"));
+    sounds->setObjectName(QStringLiteral("sounds_mnu"));
+    m_soundItem = sounds->addAction(QStringLiteral("Enabled"));
+    m_soundItem->setObjectName(QStringLiteral("sndenable"));
+    m_soundItem->setCheckable(true);
+    m_soundItem->setChecked(true);
+    connect(m_soundItem, &QAction::triggered, this, [this](bool checkedNow) { Q_EMIT soundItemClicked(!checkedNow); });
+
+    QMenu *help = bar->addMenu(QStringLiteral("&Help"));
+    help->setObjectName(QStringLiteral("help_mnu"));
+    item(help, QStringLiteral("Quick Start Guide"), QStringLiteral("quickstart"), &MainScreen::quickStartChosen);
+    item(help, QStringLiteral("Online Help"), QStringLiteral("onlinehelp"), &MainScreen::onlineHelpChosen);
+    help->addSeparator();
+    item(help, QStringLiteral("About"), QStringLiteral("about"), &MainScreen::aboutChosen);
+}
+
+} // namespace amorra

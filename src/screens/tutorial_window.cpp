@@ -1,0 +1,60 @@
+#include "tutorial_window.h"
+
+#include "rtf_reader.h"
+#include "widget_helpers.h"
+
+#include <QCheckBox>
+#include <QFile>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QTextEdit>
+
+namespace amorra {
+
+namespace {
+// A guide is a few pages; anything far larger is not one.
+constexpr qint64 kLargestGuide = 4 * 1024 * 1024;
+} // namespace
+
+TutorialWindow::TutorialWindow(const QString &guideFile, QWidget *parent)
+    : OkWindow(parent)
+{
+    setObjectName(QStringLiteral("tute_frm"));
+    setAccessibleName(QStringLiteral("Quick Start Guide"));
+    setFixedSize(twips(8655), twips(4845));
+
+    auto *frame = new QGroupBox(this);
+    nameControl(frame, QStringLiteral("Frame1"), QStringLiteral("Quick Start Guide"));
+    frame->setGeometry(twipsRect(0, 0, 8535, 4215));
+
+    m_guide = new QTextEdit(frame);
+    nameControl(m_guide, QStringLiteral("tute_rtf"), QStringLiteral("Quick start guide text"));
+    m_guide->setGeometry(twipsRect(120, 240, 8295, 3855));
+    m_guide->setReadOnly(true);
+    m_guide->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    QFile file(guideFile);
+    if (file.open(QIODevice::ReadOnly) && file.size() <= kLargestGuide)
+        readRtf(file.readAll(), m_guide->document());
+
+    m_dontShow = new QCheckBox(QStringLiteral("Don't show this again"), this);
+    nameControl(m_dontShow, QStringLiteral("dont_show_chk"), m_dontShow->text());
+    m_dontShow->setGeometry(twipsRect(120, 4440, 2295, 255));
+
+    QPushButton *ok = makeButton(QStringLiteral("OK"), QStringLiteral("ok_cmd"), Ok);
+    ok->setGeometry(twipsRect(7560, 4320, 855, 375));
+    setTabOrder(m_guide, m_dontShow);
+    setTabOrder(m_dontShow, ok);
+    ok->setFocus();
+}
+
+void TutorialWindow::hideDontShow()
+{
+    m_dontShow->hide();
+}
+
+bool TutorialWindow::dontShowAgain() const
+{
+    return !m_dontShow->isHidden() && m_dontShow->isChecked();
+}
+
+} // namespace amorra

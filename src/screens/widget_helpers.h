@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QPixmap>
+#include <QRect>
+#include <QString>
+
+class QAbstractButton;
+class QFont;
+class QWidget;
+
+namespace amorra {
+
+// The game's layouts are measured in twips, 15 to a pixel at 96 dpi;
+// Qt's high-DPI scaling takes care of larger screens.
+constexpr int twips(int t)
+{
+    return (t + 7) / 15;
+}
+inline QRect twipsRect(int left, int top, int width, int height)
+{
+    return QRect(twips(left), twips(top), twips(width), twips(height));
+}
+
+// Names a control for the accessibility tree and for our GUI tests: the
+// object name, the accessible name and, from the tooltip, its description.
+void nameControl(QWidget *w, const QString &objectName, const QString &accessibleName,
+                 const QString &tooltip = QString());
+
+// Sets a tooltip and keeps the accessible description in step with it.
+void setTip(QWidget *w, const QString &tooltip);
+
+// Enter and Return press the button, as Space does, also outside dialogs.
+void clickOnEnter(QAbstractButton *button);
+
+// A picture from the game's folder; a null pixmap when it is missing or
+// unreadable, so the box that shows it simply stays empty.
+QPixmap loadPicture(const QString &assetDir, const QString &name);
+
+// Fonts of the original design with sensible stand-ins on other systems.
+QFont arialFont(double pointSize, bool bold = false);
+QFont sansSerifFont(double pointSize, bool bold = false);
+
+// The caption of every window of the game.
+inline QString gameTitle()
+{
+    return QStringLiteral("Amorra");
+}
+
+// A plain colour style sheet for one widget class, e.g. ("QLabel", 64,64,64, 192,192,255).
+QString colourSheet(const char *widgetClass, int fr, int fg, int fb, int br, int bg, int bb);
+
+} // namespace amorra

@@ -1,0 +1,81 @@
+#include "win_screen.h"
+
+#include "widget_helpers.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMovie>
+#include <QPushButton>
+
+namespace amorra {
+
+namespace {
+
+QLabel *centredLabel(QWidget *parent, const QString &text, const QString &objectName, const QFont &font, int top,
+                     int height)
+{
+    auto *label = new QLabel(text, parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setAlignment(Qt::AlignCenter);
+    label->setFont(font);
+    label->setGeometry(8, top, parent->width() - 16, height);
+    nameControl(label, objectName, text);
+    return label;
+}
+
+} // namespace
+
+QLabel *makeAnimation(QWidget *parent, const QString &assetDir, const QString &file, const QString &objectName,
+                      const QRect &geometry)
+{
+    auto *box = new QLabel(parent);
+    box->setGeometry(geometry);
+    box->setAlignment(Qt::AlignCenter);
+    nameControl(box, objectName, QStringLiteral("Animation"));
+    const QString path = QDir(assetDir).filePath(file);
+    if (!assetDir.isEmpty() && QFileInfo(path).isFile()) {
+        auto *movie = new QMovie(path, QByteArray(), box);
+        if (movie->isValid()) {
+            box->setMovie(movie);
+            movie->start();
+        }
+    }
+    return box;
+}
+
+WinScreen::WinScreen(const QString &playerName, const QString &moneyText, const QString &daysText,
+                     const QString &scoreText, const QString &assetDir, QWidget *parent)
+    : OkWindow(parent)
+{
+    setObjectName(QStringLiteral("Form3"));
+    setAccessibleName(gameTitle());
+    setFixedSize(400, 318);
+    setStyleSheet(QStringLiteral("WinScreen { background-color: rgb(255,224,240); }"));
+    setAttribute(Qt::WA_StyledBackground);
+
+    QLabel *headline = centredLabel(this, QStringLiteral("Well done! Looks like you landed a SWEELA!!!"),
+                                    QStringLiteral("Label1"), arialFont(12, true), 8, 24);
+    headline->setStyleSheet(QStringLiteral("color: rgb(128,0,64);"));
+
+    makeAnimation(this, assetDir, QStringLiteral("hearts.gif"), QStringLiteral("Gif89a2"), QRect(30, 76, 48, 48));
+    makeAnimation(this, assetDir, QStringLiteral("couple_kiss.gif"), QStringLiteral("Gif89a1"),
+                  QRect(120, 40, 160, 120));
+    makeAnimation(this, assetDir, QStringLiteral("hearts.gif"), QStringLiteral("Gif89a3"), QRect(322, 76, 48, 48));
+
+    QFont words = arialFont(11, true);
+    words.setItalic(true);
+    QLabel *love = centredLabel(this, QStringLiteral("OHH ... ") + playerName + QStringLiteral(" I Love you!!!"),
+                                QStringLiteral("Label2"), words, 168, 24);
+    love->setStyleSheet(QStringLiteral("color: rgb(192,0,0);"));
+
+    centredLabel(this, scoreText, QStringLiteral("score_lbl"), arialFont(10, true), 198, 20);
+    centredLabel(this, daysText, QStringLiteral("days_lbl"), arialFont(10, true), 220, 20);
+    centredLabel(this, moneyText, QStringLiteral("money_lbl"), arialFont(10, true), 242, 20);
+
+    QPushButton *ok = makeButton(QStringLiteral("OK"), QStringLiteral("Command1"), Ok);
+    ok->setGeometry((width() - 65) / 2, 278, 65, 25);
+    ok->setFocus();
+}
+
+} // namespace amorra

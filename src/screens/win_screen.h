@@ -1,0 +1,25 @@
+#pragma once
+
+#include "ok_window.h"
+
+class QLabel;
+
+namespace amorra {
+
+// "Well done! ..." with the kissing couple, her words, and the score, days
+// and money of the moment of the win.
+class WinScreen : public OkWindow
+{
+    Q_OBJECT
+
+public:
+    WinScreen(const QString &playerName, const QString &moneyText, const QString &daysText, const QString &scoreText,
+              const QString &assetDir, QWidget *parent = nullptr);
+};
+
+// An animated picture from the game's folder, playing; an empty box when
+// the file is missing or unreadable.
+QLabel *makeAnimation(QWidget *parent, const QString &assetDir, const QString &file, const QString &objectName,
+                      const QRect &geometry);
+
+} // namespace amorra
