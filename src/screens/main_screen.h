@@ -12,7 +12,7 @@
 class QAction;
 class QGroupBox;
 class QLabel;
-class QPlainTextEdit;
+class QTextEdit;
 class QProgressBar;
 class QPushButton;
 class QToolButton;
@@ -112,7 +112,7 @@ private:
     QLabel *m_money = nullptr;
     QLabel *m_face = nullptr;
     HeartMeter *m_heart = nullptr;
-    QPlainTextEdit *m_talk = nullptr;
+    QTextEdit *m_talk = nullptr;
     QGroupBox *m_listFrame = nullptr;
     ActionList *m_list = nullptr;
     QPushButton *m_ok = nullptr;

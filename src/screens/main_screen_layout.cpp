@@ -10,7 +10,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPlainTextEdit>
+#include <QTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QToolButton>
@@ -124,12 +124,15 @@ void MainScreen::buildScreen()
     nameControl(m_heart, QStringLiteral("heart_panel"), QStringLiteral("Heart meter"), QStringLiteral("Heart Bar"));
     m_heart->setGeometry(twipsRect(6960, 120, 340, 5655));
 
-    m_talk = new QPlainTextEdit(screen);
+    m_talk = new QTextEdit(screen);
     nameControl(m_talk, QStringLiteral("Talk"), QStringLiteral("Talk"), QStringLiteral("Dialog window"));
     m_talk->setGeometry(twipsRect(1560, 1920, 5295, 855));
     m_talk->setReadOnly(true);
     m_talk->setFont(arialFont(9, true));
-    m_talk->setStyleSheet(colourSheet("QPlainTextEdit", 0, 0, 0, 255, 255, 255));
+    m_talk->setStyleSheet(colourSheet("QTextEdit", 0, 0, 0, 255, 255, 255));
+    m_talk->setAcceptRichText(false);
+    // Her three-line greeting fits without a scroll bar.
+    m_talk->document()->setDocumentMargin(2);
 
     m_listFrame = new QGroupBox(screen);
     nameControl(m_listFrame, QStringLiteral("Frame1"), QStringLiteral("Actions"));

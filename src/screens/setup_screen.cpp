@@ -147,8 +147,8 @@ void SetupScreen::showEvent(QShowEvent *event)
 
 void SetupScreen::closeEvent(QCloseEvent *event)
 {
-    if (event->spontaneous())
-        Q_EMIT closedByPlayer();
+    // The game only ever hides or deletes this screen; a close is the player's.
+    Q_EMIT closedByPlayer();
     QWidget::closeEvent(event);
 }
 

@@ -51,7 +51,7 @@ WinScreen::WinScreen(const QString &playerName, const QString &moneyText, const 
     setObjectName(QStringLiteral("Form3"));
     setAccessibleName(gameTitle());
     setFixedSize(400, 318);
-    setStyleSheet(QStringLiteral("WinScreen { background-color: rgb(255,224,240); }"));
+    setStyleSheet(QStringLiteral("#Form3 { background-color: rgb(255,228,240); }"));
     setAttribute(Qt::WA_StyledBackground);
 
     QLabel *headline = centredLabel(this, QStringLiteral("Well done! Looks like you landed a SWEELA!!!"),

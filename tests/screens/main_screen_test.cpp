@@ -13,7 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QPlainTextEdit>
+#include <QTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -110,7 +110,7 @@ void MainScreenTest::talkAndListKeepTheLogicsTextsExactly()
     const std::string talk = "Lisa:  Hello?\r\nTom: Hi Lisa this is Tom\r\nLisa: Ohh .... How are you???";
     m_main->SetTalk(talk);
     QCOMPARE(m_main->GetTalk(), talk);
-    auto *box = named<QPlainTextEdit>(m_main.get(), "Talk");
+    auto *box = named<QTextEdit>(m_main.get(), "Talk");
     QCOMPARE(box->toPlainText(), QStringLiteral("Lisa:  Hello?\nTom: Hi Lisa this is Tom\nLisa: Ohh .... How are you???"));
 
     m_main->SetListTitle("Places to Go");
@@ -289,7 +289,7 @@ void MainScreenTest::everyControlHasAnAccessibleNameAndItsTooltipAsDescription()
     int checked = 0;
     for (QWidget *w : all) {
         const bool control = qobject_cast<QAbstractButton *>(w) || qobject_cast<QAbstractItemView *>(w) ||
-                             qobject_cast<QProgressBar *>(w) || qobject_cast<QPlainTextEdit *>(w) ||
+                             qobject_cast<QProgressBar *>(w) || qobject_cast<QTextEdit *>(w) ||
                              w->objectName().endsWith(QLatin1String("_lbl")) || w->objectName() == "heart_panel";
         if (!control || w->parent() == nullptr || qobject_cast<QMenuBar *>(w->parentWidget()))
             continue;

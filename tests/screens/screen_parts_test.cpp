@@ -6,6 +6,8 @@
 #include "screens/sound_player.h"
 
 #include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
@@ -94,6 +96,9 @@ private Q_SLOTS:
     void waitSoundsLastAsLongAsTheirData();
     void unplayableWavHeadersAreRecognised_data();
     void unplayableWavHeadersAreRecognised();
+
+    void soundNeverHoldsTheGameLongerThanItPlays_data();
+    void soundNeverHoldsTheGameLongerThanItPlays();
 
     void listRowsSplitIntoColumnsAtRunsOfTabs_data();
     void listRowsSplitIntoColumnsAtRunsOfTabs();
@@ -267,6 +272,42 @@ void ScreenPartsTest::unplayableWavHeadersAreRecognised()
 {
     QFETCH(QByteArray, bytes);
     QVERIFY(!wavDurationMs(bytes).has_value());
+}
+
+void ScreenPartsTest::soundNeverHoldsTheGameLongerThanItPlays_data()
+{
+    QTest::addColumn<QByteArray>("bytes"); // empty: no file at all
+    QTest::addColumn<bool>("wait");
+    QTest::addColumn<int>("longestMs");
+
+    // 200 ms of silence at 8 kHz.
+    const QByteArray clip = wav(chunk("fmt ", fmtBody(1, 8000)) + chunk("data", QByteArray(1600, '\x80')));
+    QTest::newRow("missing file, Async") << QByteArray() << false << 100;
+    QTest::newRow("missing file, Wait: silence, at once") << QByteArray() << true << 100;
+    QTest::newRow("damaged file, Wait") << QByteArray("RIFF\x10\0\0\0WAVEjunk") << true << 100;
+    QTest::newRow("a clip, Async returns at once") << clip << false << 150;
+    // Silent and immediate without a sound device; at most the clip and
+    // its margin with one.
+    QTest::newRow("a clip, Wait") << clip << true << 200 + 250 + 300;
+}
+
+void ScreenPartsTest::soundNeverHoldsTheGameLongerThanItPlays()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(bool, wait);
+    QFETCH(int, longestMs);
+    QTemporaryDir dir;
+    const QString file = QDir(dir.path()).filePath(QStringLiteral("cat.wav"));
+    if (!bytes.isEmpty()) {
+        QFile f(file);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(bytes);
+    }
+    QtSoundPlayer player;
+    QElapsedTimer clock;
+    clock.start();
+    player.play(file, wait ? SoundMode::Wait : SoundMode::Async);
+    QVERIFY2(clock.elapsed() <= longestMs, qPrintable(QString::number(clock.elapsed())));
 }
 
 void ScreenPartsTest::listRowsSplitIntoColumnsAtRunsOfTabs_data()

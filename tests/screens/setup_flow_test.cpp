@@ -35,6 +35,7 @@ private Q_SLOTS:
     void desktopBelow800x600IsRefused_data();
     void desktopBelow800x600IsRefused();
     void startNewGameReturnsToAFreshSetup();
+    void closingTheSetupScreenEndsTheProgram();
     void closingTheMainWindowOrExitEndsTheProgram_data();
     void closingTheMainWindowOrExitEndsTheProgram();
 };
@@ -168,6 +169,14 @@ void SetupFlowTest::startNewGameReturnsToAFreshSetup()
     QCOMPARE(state().girl.Gname, std::string("Jane"));
     QCOMPARE(state().player.looks, 50.0);
     QVERIFY(!named<QToolButton>(&m_app->mainScreen(), "Take Her Out")->isEnabled());
+}
+
+void SetupFlowTest::closingTheSetupScreenEndsTheProgram()
+{
+    startApp();
+    QVERIFY(m_app->setupScreen()->close());
+    QCOMPARE(m_desktop.quits, 1);
+    QVERIFY(!m_app->mainScreen().isVisible());
 }
 
 void SetupFlowTest::closingTheMainWindowOrExitEndsTheProgram_data()
