@@ -5,7 +5,6 @@
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QScreen>
-#include <QTimer>
 #include <QUrl>
 #include <QWidget>
 
@@ -34,7 +33,7 @@ bool QtDesktop::openUrl(const QUrl &url)
 void QtDesktop::quit()
 {
     // Queued, so that it also works before the event loop has started.
-    QTimer::singleShot(0, QCoreApplication::instance(), &QCoreApplication::quit);
+    QMetaObject::invokeMethod(QCoreApplication::instance(), "quit", Qt::QueuedConnection);
 }
 
 bool desktopLargeEnough(QSize size)

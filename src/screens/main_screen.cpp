@@ -58,11 +58,13 @@ MainScreen::MainScreen(ScreenHost &host, const QString &assetDir, QWidget *paren
 
 void MainScreen::resetToDesignState()
 {
-    SetTalk("");
+    m_talkText.clear();
+    m_talk->clear();
     m_listTitle.clear();
     m_listFrame->setTitle(QString());
-    ClearList();
-    SetListTip("");
+    m_listFrame->setAccessibleName(QStringLiteral("Actions"));
+    m_list->clearRows();
+    setTip(m_list, QString());
     m_ok->setText(QStringLiteral("GO"));
     m_ok->setAccessibleName(QStringLiteral("GO"));
     m_ok->hide();

@@ -279,9 +279,7 @@ private:
             setColour(hasParam ? p : 0);
         else if (w == "plain")
             m_state.chars = QTextCharFormat();
-        else if (w == "pard")
-            setAlignment(Qt::AlignLeft);
-        else if (w == "ql")
+        else if (w == "pard" || w == "ql")
             setAlignment(Qt::AlignLeft);
         else if (w == "qc")
             setAlignment(Qt::AlignHCenter);

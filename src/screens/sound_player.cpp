@@ -89,7 +89,10 @@ void QtSoundPlayer::play(const QString &file, SoundMode mode)
     // Hold the game, but not the screen: paint and timer events go on,
     // the player's clicks wait until the sound has ended.
     QEventLoop loop;
-    QTimer::singleShot(std::min(*duration, kLongestWaitMs) + kWaitMarginMs, &loop, &QEventLoop::quit);
+    QTimer timeout;
+    timeout.setSingleShot(true);
+    QObject::connect(&timeout, &QTimer::timeout, &loop, &QEventLoop::quit);
+    timeout.start(std::min(*duration, kLongestWaitMs) + kWaitMarginMs);
     QObject::connect(m_effect.get(), &QSoundEffect::playingChanged, &loop, [this, &loop] {
         if (!m_effect->isPlaying() && m_effect->status() != QSoundEffect::Loading)
             loop.quit();
