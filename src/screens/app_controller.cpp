@@ -117,6 +117,7 @@ void AppController::openMain()
     m_mainLoaded = true;
     startFirstGame(m_game);
     syncSoundItem();
+    centreOnScreen(&m_main);
     m_main.show();
     if (desktopFits())
         m_main.FocusMain();

@@ -14,6 +14,9 @@
 
 namespace amorra {
 
+// Puts a window in the middle of the desktop.
+void centreOnScreen(QWidget *window);
+
 class Desktop;
 class SoundPlayer;
 class TutorialWindow;

@@ -36,6 +36,14 @@ QString qt(const std::string &s)
 
 } // namespace
 
+void centreOnScreen(QWidget *window)
+{
+    if (const QScreen *screen = QGuiApplication::primaryScreen()) {
+        const QRect area = screen->availableGeometry();
+        window->move(area.center() - QPoint(window->width() / 2, window->height() / 2));
+    }
+}
+
 void AppController::present(OkWindow *window)
 {
     const int alreadyOpen = int(openWindows().size());
@@ -130,10 +138,7 @@ void AppController::showSetup()
     m_setup = new SetupScreen(qt(readLastName(kLastFile)), m_assetDir);
     connect(m_setup, &SetupScreen::startPressed, this, &AppController::startPressed);
     connect(m_setup, &SetupScreen::closedByPlayer, this, &AppController::endProgram);
-    if (const QScreen *screen = QGuiApplication::primaryScreen()) {
-        const QRect area = screen->availableGeometry();
-        m_setup->move(area.center() - QPoint(m_setup->width() / 2, m_setup->height() / 2));
-    }
+    centreOnScreen(m_setup);
     m_setup->show();
     m_setup->focusName();
 }
