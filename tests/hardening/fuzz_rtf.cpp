@@ -22,7 +22,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
             static int argc = 1;
             static char name[] = "fuzz_rtf";
             static char *argv[] = {name, nullptr};
-            LLVMFuzzerInitialize(&argc, reinterpret_cast<char ***>(&argv));
+            static char **args = argv;
+            LLVMFuzzerInitialize(&argc, &args);
         }
         return true;
     }();
