@@ -59,7 +59,14 @@ void AppController::present(OkWindow *window)
         area = screen->availableGeometry();
     if (area.isValid()) {
         const QPoint offset(kCascade * alreadyOpen, kCascade * alreadyOpen);
-        window->move(area.center() - QPoint(window->width() / 2, window->height() / 2) + offset);
+        QPoint topLeft = area.center() - QPoint(window->width() / 2, window->height() / 2) + offset;
+        // A window wider than the main screen must still land wholly on the desktop.
+        if (const QScreen *screen = QGuiApplication::primaryScreen()) {
+            const QRect desk = screen->availableGeometry();
+            topLeft.setX(qBound(desk.left(), topLeft.x(), qMax(desk.left(), desk.right() + 1 - window->width())));
+            topLeft.setY(qBound(desk.top(), topLeft.y(), qMax(desk.top(), desk.bottom() + 1 - window->height())));
+        }
+        window->move(topLeft);
     }
     window->show();
     window->raise();

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QGroupBox>
 #include <QPushButton>
+#include <QTextCursor>
 #include <QTextEdit>
 
 namespace amorra {
@@ -31,10 +32,12 @@ TutorialWindow::TutorialWindow(const QString &guideFile, QWidget *parent)
     nameControl(m_guide, QStringLiteral("tute_rtf"), QStringLiteral("Quick start guide text"));
     m_guide->setGeometry(twipsRect(120, 240, 8295, 3855));
     m_guide->setReadOnly(true);
+    m_guide->setTabStopDistance(24); // the guide's bullets are a bullet and a tab
     m_guide->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     QFile file(guideFile);
     if (file.open(QIODevice::ReadOnly) && file.size() <= kLargestGuide)
         readRtf(file.readAll(), m_guide->document());
+    m_guide->moveCursor(QTextCursor::Start); // open at the top of the guide
 
     m_dontShow = new QCheckBox(QStringLiteral("Don't show this again"), this);
     nameControl(m_dontShow, QStringLiteral("dont_show_chk"), m_dontShow->text());
