@@ -43,6 +43,7 @@ struct Soak
     ScoreTable table{};
     std::string scoresPath;
     bool courtingGame = false;
+    int dateTurn = 0;
     long long clicks = 0, games = 0, wins = 0, heartLosses = 0, monthLosses = 0, failures = 0;
 
     Soak(std::uint64_t seed, std::string path)
@@ -62,14 +63,20 @@ struct Soak
             std::fprintf(stderr, "click %lld (game %lld): %s\n", clicks, games, what);
     }
 
+    // Every other game is played by someone who courts her in earnest, so
+    // wins (and their scores) get checked as often as losses. The setup
+    // screen is filled in afresh before every new game.
+    void chooseStyle()
+    {
+        courtingGame = pick(2) == 0;
+        const int looks = courtingGame ? 50 : pick(101);
+        const int smart = courtingGame ? 50 : pick(151 - looks > 101 ? 101 : 151 - looks);
+        game.setSetup({"Soak", looks, smart, 150 - looks - smart > 100 ? 100 : 150 - looks - smart});
+    }
+
     void newGame()
     {
-        // Every other game is played by someone who courts her in earnest,
-        // so wins (and their scores) get checked as often as losses.
-        courtingGame = pick(2) == 0;
-        const int looks = courtingGame ? 80 + pick(21) : pick(101);
-        const int smart = pick(151 - looks > 101 ? 101 : 151 - looks);
-        game.setSetup({"Soak", looks, smart, 150 - looks - smart > 100 ? 100 : 150 - looks - smart});
+        chooseStyle();
         startFirstGame(game);
         view.openScreens.clear();
         view.mainEnabled = true;
@@ -86,10 +93,10 @@ struct Soak
             onLoseOk(game);
         } else if (name == "GameOver") {
             if (pick(2)) {
+                chooseStyle();
                 gameOverPlayAgain(game);
                 view.endScreens = 0;
                 ++games;
-                courtingGame = pick(2) == 0;
             } else {
                 gameOverOk(game);
             }
@@ -108,6 +115,52 @@ struct Soak
                     OnNoticeOk(game, kind);
         }
         view.closeScreen(name);
+    }
+
+    // Someone courting her in earnest: new questions only, asks her out once
+    // her heart is surely high enough, cheap dates in a rotation that never
+    // bores her, pizza delivery when broke. One click per call, like a player.
+    void clickCourting()
+    {
+        const GameState &s = game.state();
+        if (view.okShown) {
+            onActionButton(game);
+            return;
+        }
+        if (!view.rows.empty()) {
+            int row = -1;
+            if (view.listTitle == "Things to ask her") {
+                for (int i = 0; i < static_cast<int>(view.rows.size()) && row < 0; ++i)
+                    if (!s.questions[static_cast<size_t>(i)].asked)
+                        row = i;
+            } else if (view.listTitle == "Places to Go") {
+                static const int cheapPlaces[] = {2, 4, 3, 5}; // picnic, pizza, beach, bowling
+                row = cheapPlaces[dateTurn++ % 4];
+            } else if (view.listTitle == "Job Noticeboard") {
+                // Parking pays best for his smarts; pizza when that is not offered.
+                for (int job : {1, 0})
+                    if (row < 0 && view.rows[static_cast<size_t>(job)].find("NOT") == std::string::npos)
+                        row = job;
+            }
+            if (row >= 0) {
+                view.selectRow(row);
+                onListClick(game);
+                return;
+            }
+        }
+        bool questionsLeft = false;
+        for (int i = 0; i < kQuestionCount; ++i)
+            questionsLeft = questionsLeft || !s.questions[static_cast<size_t>(i)].asked;
+        if (view.askOutShown && s.heart >= 21)
+            onAskOut(game);
+        else if (s.money < 40)
+            onGoToWork(game);
+        else if (view.takeHerOutEnabled && (!questionsLeft || pick(2) == 0))
+            onTakeHerOut(game);
+        else if (questionsLeft)
+            onCallHer(game);
+        else
+            onGoToWork(game);
     }
 
     void clickMain()
@@ -156,6 +209,7 @@ struct Soak
             break;
         default:
             if (pick(10) == 0) {
+                chooseStyle();
                 playAgainFromMenu(game);
                 view.endScreens = 0;
                 ++games;
@@ -205,6 +259,8 @@ struct Soak
             const bool wonBefore = game.state().game_over;
             if (!view.openScreens.empty() && (!view.mainEnabled || pick(3) == 0))
                 confirmScreen();
+            else if (view.mainEnabled && courtingGame && pick(100) != 0)
+                clickCourting();
             else if (view.mainEnabled)
                 clickMain();
             ++clicks;
