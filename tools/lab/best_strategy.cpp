@@ -97,16 +97,7 @@ private:
     // 25th of his looks.
     int flowersGain(const Player &p) const { return static_cast<int>(std::lround(price(kFlowers) / 21.0 + p.looksBar() / 25.0)); }
 
-    int nextQuestion() const
-    {
-        for (int q : HerTastes::telling())
-            if (!m_tastes.asked[static_cast<size_t>(q)])
-                return q;
-        for (int q = 0; q < kQuestionCount; ++q)
-            if (!m_tastes.asked[static_cast<size_t>(q)])
-                return q;
-        return -1;
-    }
+    int nextQuestion() const { return m_tastes.nextQuestion(); }
 
     bool giveLikedGift(Player &p)
     {

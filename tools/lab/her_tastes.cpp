@@ -100,4 +100,15 @@ int rowPrice(const std::string &row)
     return amount;
 }
 
+int HerTastes::nextQuestion() const
+{
+    for (int q : telling())
+        if (!asked[static_cast<size_t>(q)])
+            return q;
+    for (int q = 0; q < kQuestionCount; ++q)
+        if (!asked[static_cast<size_t>(q)])
+            return q;
+    return -1;
+}
+
 } // namespace amorra::lab

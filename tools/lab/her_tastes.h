@@ -23,6 +23,9 @@ struct HerTastes
     static int answerShown(int question, const std::string &talk);
     // Questions whose answers can tell something, the cheap gifts first.
     static const std::array<int, 16> &telling();
+    // The next question worth asking: the telling ones first, then any not
+    // yet asked; -1 when every question has been asked.
+    int nextQuestion() const;
 };
 
 // The amount after the last "$" of a list row ("Flowers<TAB>$40" gives 40); -1 if none.

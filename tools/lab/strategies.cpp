@@ -207,16 +207,7 @@ public:
 private:
     static bool inCall(const Player &p) { return p.listTitle() == "Things to ask her" && p.rowCount() > 0; }
 
-    int nextQuestion() const
-    {
-        for (int q : HerTastes::telling())
-            if (!m_tastes.asked[static_cast<size_t>(q)])
-                return q;
-        for (int q = 0; q < kQuestionCount; ++q)
-            if (!m_tastes.asked[static_cast<size_t>(q)])
-                return q;
-        return -1;
-    }
+    int nextQuestion() const { return m_tastes.nextQuestion(); }
 
     bool giveLikedGift(Player &p)
     {
