@@ -13,6 +13,8 @@ targets=$(sed -n 's/^ *amorra_fuzz(\([a-z_]*\) .*/\1/p' tests/hardening/CMakeLis
 cmake --build "$build" -j 2 --target $targets >/dev/null
 mkdir -p "$build/crashes"
 status=0
+passed=0
+failed=0
 for t in $targets; do
   seeds=$(sed -n "s/^ *amorra_fuzz($t .*CORPUS \([a-z ]*\)).*/\1/p" tests/hardening/CMakeLists.txt)
   work="$build/corpus/$t"
@@ -23,9 +25,12 @@ for t in $targets; do
   if "$exe" "$work" -max_total_time="$seconds" -artifact_prefix="$build/crashes/$t-" \
        -print_final_stats=1 >"$build/$t.log" 2>&1; then
     grep -E 'stat::number_of_executed_units' "$build/$t.log" | awk '{print $2 " inputs, no crash"}'
+    passed=$((passed + 1))
   else
     echo "CRASH (see $build/$t.log)"
     status=1
+    failed=$((failed + 1))
   fi
 done
+echo "fuzz: $passed passed, $failed failed"
 exit $status
