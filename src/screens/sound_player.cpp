@@ -68,14 +68,21 @@ QtSoundPlayer::~QtSoundPlayer() = default;
 
 void QtSoundPlayer::play(const QString &file, SoundMode mode)
 {
-    QFile f(file);
-    const std::optional<int> duration = f.open(QIODevice::ReadOnly) ? wavDurationMs(f.readAll()) : std::nullopt;
+    auto known = m_durations.constFind(file);
+    if (known == m_durations.constEnd()) {
+        QFile f(file);
+        known = m_durations.insert(file, f.open(QIODevice::ReadOnly) ? wavDurationMs(f.readAll()) : std::nullopt);
+    }
+    const std::optional<int> duration = *known;
     if (!duration) {
         if (mode == SoundMode::Async)
             QApplication::beep();
         return;
     }
-    if (!hasSoundDevice())
+    // Asking for the device is slow; once one has been there, trust it.
+    if (!m_deviceSeen)
+        m_deviceSeen = hasSoundDevice();
+    if (!m_deviceSeen)
         return;
     if (!m_effect)
         m_effect = std::make_unique<QSoundEffect>();

@@ -3,6 +3,7 @@
 #include "view/game_view.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QString>
 
 #include <memory>
@@ -32,6 +33,10 @@ public:
 
 private:
     std::unique_ptr<QSoundEffect> m_effect;
+    // Clip lengths by file, so a click does not read its WAV file again;
+    // nothing for a file that is missing or no PCM sound.
+    QHash<QString, std::optional<int>> m_durations;
+    bool m_deviceSeen = false;
 };
 
 // How long a WAV file plays, from its header; nothing when the bytes are
