@@ -110,17 +110,4 @@ TEST(UnusableFolder, showsTheTableFromMemoryAndSaysTheSaveFailed)
     EXPECT_EQ(data.champion, "Ann");
 }
 
-TEST(UnusableFolder, aDirectoryNamedScoresIsLeftAloneAndTheTableStillShows)
-{
-    TempDir dir;
-    std::filesystem::create_directory(dir.file("Scores"));
-    ScoreTable table = tableWith("Tom", 500);
-    GameResult none;
-    const auto data = openHighScores(none, table, dir.file("Scores"));
-    EXPECT_TRUE(data.loadFailed);
-    EXPECT_TRUE(data.saveFailed);
-    EXPECT_EQ(data.rows[0].cells[1].substr(0, 3), "Tom");
-    EXPECT_TRUE(std::filesystem::is_directory(dir.file("Scores")));
-}
-
 } // namespace

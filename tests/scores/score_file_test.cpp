@@ -271,6 +271,7 @@ TEST(HighScores, anUnreadableFileShowsTheTableFromMemory)
     EXPECT_TRUE(data.saveFailed);
     EXPECT_EQ(shownNames(data), (std::vector<std::string>{"Tom", "Ann"}));
     EXPECT_EQ(redRanks(data), std::vector<int>{1});
+    EXPECT_TRUE(std::filesystem::is_directory(dir.file("Scores"))); // whatever stands there is left alone
 }
 
 TEST(HighScores, aFailedSaveLeavesTheOldFileAsItWas)
