@@ -26,24 +26,45 @@ AppController::AppController(RandomSource &random, SoundPlayer &sound, Desktop &
     , m_sound(sound)
     , m_desktop(desktop)
     , m_assetDir(assetDir)
-    , m_main(*this, assetDir)
-    , m_game(m_main, random)
+    , m_random(random)
 {
-    connect(&m_main, &MainScreen::modeClicked, this, &AppController::modeClicked);
-    connect(&m_main, &MainScreen::listRowChosen, this, [this] { onListClick(m_game); });
-    connect(&m_main, &MainScreen::actionClicked, this, [this] { onActionButton(m_game); });
-    connect(&m_main, &MainScreen::askOutClicked, this, [this] { onAskOut(m_game); });
-    connect(&m_main, &MainScreen::newGameChosen, this, &AppController::newGame);
-    connect(&m_main, &MainScreen::playAgainChosen, this, &AppController::playAgain);
-    connect(&m_main, &MainScreen::exitChosen, this, &AppController::endProgram);
-    connect(&m_main, &MainScreen::top20Chosen, this, &AppController::top20);
-    connect(&m_main, &MainScreen::soundItemClicked, this, &AppController::soundItemClicked);
-    connect(&m_main, &MainScreen::quickStartChosen, this, &AppController::quickStart);
-    connect(&m_main, &MainScreen::onlineHelpChosen, this, &AppController::onlineHelp);
-    connect(&m_main, &MainScreen::aboutChosen, this, &AppController::about);
-    connect(&m_main, &MainScreen::activated, this, &AppController::mainActivated);
-    connect(&m_main, &MainScreen::resized, this, [this] { desktopFits(); });
-    connect(&m_main, &MainScreen::closedByPlayer, this, &AppController::endProgram);
+}
+
+MainScreen &AppController::mainScreen()
+{
+    if (!m_main)
+        buildMain();
+    return *m_main;
+}
+
+Game &AppController::game()
+{
+    if (!m_main)
+        buildMain();
+    return *m_game;
+}
+
+void AppController::buildMain()
+{
+    ScreenHost &host = *this;
+    m_main = std::make_unique<MainScreen>(host, m_assetDir);
+    m_game = std::make_unique<Game>(*m_main, m_random);
+    MainScreen *main = m_main.get();
+    connect(main, &MainScreen::modeClicked, this, &AppController::modeClicked);
+    connect(main, &MainScreen::listRowChosen, this, [this] { onListClick(*m_game); });
+    connect(main, &MainScreen::actionClicked, this, [this] { onActionButton(*m_game); });
+    connect(main, &MainScreen::askOutClicked, this, [this] { onAskOut(*m_game); });
+    connect(main, &MainScreen::newGameChosen, this, &AppController::newGame);
+    connect(main, &MainScreen::playAgainChosen, this, &AppController::playAgain);
+    connect(main, &MainScreen::exitChosen, this, &AppController::endProgram);
+    connect(main, &MainScreen::top20Chosen, this, &AppController::top20);
+    connect(main, &MainScreen::soundItemClicked, this, &AppController::soundItemClicked);
+    connect(main, &MainScreen::quickStartChosen, this, &AppController::quickStart);
+    connect(main, &MainScreen::onlineHelpChosen, this, &AppController::onlineHelp);
+    connect(main, &MainScreen::aboutChosen, this, &AppController::about);
+    connect(main, &MainScreen::activated, this, &AppController::mainActivated);
+    connect(main, &MainScreen::resized, this, [this] { desktopFits(); });
+    connect(main, &MainScreen::closedByPlayer, this, &AppController::endProgram);
 }
 
 AppController::~AppController()
@@ -102,10 +123,10 @@ void AppController::startPressed()
         return;
     }
     m_setup->hide();
-    m_game.setSetup(m_setup->values());
+    game().setSetup(m_setup->values());
     openMain();
     if (!writeLastName(kLastFile, name.toStdString()))
-        m_desktop.showMessage(&m_main,
+        m_desktop.showMessage(&mainScreen(),
                               QStringLiteral("Amorra could not remember your name for next time: the file \"last\" "
                                              "cannot be written here. The game goes on."),
                               QStringLiteral("Amorra"), true);
@@ -113,33 +134,33 @@ void AppController::startPressed()
 
 void AppController::openMain()
 {
-    m_main.resetToDesignState();
+    mainScreen().resetToDesignState();
     m_mainLoaded = true;
-    startFirstGame(m_game);
+    startFirstGame(game());
     syncSoundItem();
-    centreOnScreen(&m_main);
-    m_main.show();
+    centreOnScreen(&mainScreen());
+    mainScreen().show();
     if (desktopFits())
-        m_main.FocusMain();
+        mainScreen().FocusMain();
 }
 
 void AppController::modeClicked(ActionMode mode)
 {
     switch (mode) {
     case ActionMode::Gift:
-        onBuyGift(m_game);
+        onBuyGift(game());
         break;
     case ActionMode::Phone:
-        onCallHer(m_game);
+        onCallHer(game());
         break;
     case ActionMode::Date:
-        onTakeHerOut(m_game);
+        onTakeHerOut(game());
         break;
     case ActionMode::Work:
-        onGoToWork(m_game);
+        onGoToWork(game());
         break;
     case ActionMode::Shop:
-        onGoShopping(m_game);
+        onGoShopping(game());
         break;
     case ActionMode::None:
         break;
@@ -150,7 +171,7 @@ void AppController::newGame()
 {
     // Closing the main screen closes the hidden setup screen with it; both
     // load afresh, and the game starts again at START.
-    m_main.hide();
+    mainScreen().hide();
     m_mainLoaded = false;
     closeSetup();
     showSetup();
@@ -168,31 +189,31 @@ void AppController::closeSetup()
 
 void AppController::playAgain()
 {
-    playAgainFromMenu(m_game);
+    playAgainFromMenu(game());
     syncSoundItem();
 }
 
 void AppController::syncSoundItem()
 {
     // A new game turns sound on; the check mark must not say otherwise.
-    m_main.setSoundChecked(m_game.state().sound_on);
+    mainScreen().setSoundChecked(game().state().sound_on);
 }
 
 void AppController::soundItemClicked(bool wasChecked)
 {
-    m_main.setSoundChecked(toggleSoundItem(m_game.state(), wasChecked));
+    mainScreen().setSoundChecked(toggleSoundItem(game().state(), wasChecked));
 }
 
 void AppController::top20()
 {
-    m_main.EnableMain(false);
-    m_main.ShowHighScores();
+    mainScreen().EnableMain(false);
+    mainScreen().ShowHighScores();
 }
 
 void AppController::about()
 {
-    m_main.EnableMain(false);
-    m_main.ShowAbout();
+    mainScreen().EnableMain(false);
+    mainScreen().ShowAbout();
 }
 
 void AppController::quickStart()
@@ -213,8 +234,8 @@ void AppController::mainActivated()
         return;
     m_tuteChecked = true;
     if (readTuteShow(kTuteShowFile) == 1) {
-        m_main.EnableMain(false);
-        m_main.ShowTutorial();
+        mainScreen().EnableMain(false);
+        mainScreen().ShowTutorial();
     }
 }
 
@@ -222,14 +243,15 @@ void AppController::endProgram()
 {
     m_ending = true;
     m_mainLoaded = false;
-    m_main.hide();
+    if (m_main)
+        m_main->hide();
     closeSetup();
     m_desktop.quit();
 }
 
 void AppController::openWebPage(const QString &file)
 {
-    QWidget *parent = openWindows().isEmpty() ? static_cast<QWidget *>(&m_main) : openWindows().back();
+    QWidget *parent = openWindows().isEmpty() ? static_cast<QWidget *>(&mainScreen()) : openWindows().back();
     const QString path = QDir(m_assetDir).filePath(file);
     if (!QFileInfo(path).isFile()) {
         m_desktop.showMessage(parent, QStringLiteral("Could not your Browser"), QStringLiteral("Browser Not Found"),

@@ -12,6 +12,8 @@
 #include <QObject>
 #include <QPointer>
 
+#include <memory>
+
 namespace amorra {
 
 // Puts a window in the middle of the desktop.
@@ -38,8 +40,10 @@ public:
     // case the player has been told and the program is ending.
     bool start();
 
-    Game &game() { return m_game; }
-    MainScreen &mainScreen() { return m_main; }
+    // The main screen and its game are built at the first "START >", so
+    // that the setup screen shows sooner; asking for them builds them.
+    Game &game();
+    MainScreen &mainScreen();
     SetupScreen *setupScreen() const { return m_setup; }
     // The windows besides main and setup that are open now, oldest first.
     QList<QWidget *> openWindows() const;
@@ -72,6 +76,7 @@ private:
     void endProgram();
 
     bool desktopFits();
+    void buildMain();
     void openMain();
     void closeSetup();
     void syncSoundItem();
@@ -84,8 +89,9 @@ private:
     SoundPlayer &m_sound;
     Desktop &m_desktop;
     QString m_assetDir;
-    MainScreen m_main;
-    Game m_game;
+    RandomSource &m_random;
+    std::unique_ptr<MainScreen> m_main;
+    std::unique_ptr<Game> m_game; // after m_main: it shows itself there
     ScoreTable m_scores{};
     QPointer<SetupScreen> m_setup;
     QList<QPointer<OkWindow>> m_windows;

@@ -53,8 +53,8 @@ void AppController::present(OkWindow *window)
     // Over the main screen, each further window a little lower and to the
     // right, so that several notices open at once can all be seen.
     QRect area;
-    if (m_main.isVisible())
-        area = m_main.geometry();
+    if (m_main && m_main->isVisible())
+        area = m_main->geometry();
     else if (const QScreen *screen = QGuiApplication::primaryScreen())
         area = screen->availableGeometry();
     if (area.isValid()) {
@@ -75,8 +75,8 @@ void AppController::present(OkWindow *window)
 
 void AppController::giveMainBack()
 {
-    m_main.EnableMain(true);
-    m_main.FocusMain();
+    mainScreen().EnableMain(true);
+    mainScreen().FocusMain();
 }
 
 void AppController::showNotice(NoticeKind kind, const std::string &text)
@@ -85,8 +85,8 @@ void AppController::showNotice(NoticeKind kind, const std::string &text)
     if (kind == NoticeKind::TextNotice)
         window = new TextNotice(qt(text));
     else
-        window = new NoticeWindow(kind, qt(m_game.state().girl.Gname), m_assetDir);
-    connect(window, &OkWindow::finished, this, [this, kind] { OnNoticeOk(m_game, kind); });
+        window = new NoticeWindow(kind, qt(game().state().girl.Gname), m_assetDir);
+    connect(window, &OkWindow::finished, this, [this, kind] { OnNoticeOk(game(), kind); });
     present(window);
 }
 
@@ -95,10 +95,10 @@ void AppController::showGameOver()
     auto *dialog = new GameOverDialog(m_assetDir);
     connect(dialog, &OkWindow::finished, this, [this](int choice) {
         if (choice == OkWindow::PlayAgain) {
-            gameOverPlayAgain(m_game);
+            gameOverPlayAgain(game());
             syncSoundItem();
         } else {
-            gameOverOk(m_game);
+            gameOverOk(game());
         }
     });
     present(dialog);
@@ -106,24 +106,24 @@ void AppController::showGameOver()
 
 void AppController::showWin(const std::string &moneyText, const std::string &daysText, const std::string &scoreText)
 {
-    auto *win = new WinScreen(qt(m_game.state().player.player_name), qt(moneyText), qt(daysText), qt(scoreText),
+    auto *win = new WinScreen(qt(game().state().player.player_name), qt(moneyText), qt(daysText), qt(scoreText),
                               m_assetDir);
-    connect(win, &OkWindow::finished, this, [this] { onWinOk(m_game); });
+    connect(win, &OkWindow::finished, this, [this] { onWinOk(game()); });
     present(win);
-    m_game.play_sound("\\sounds\\kiss.wav", SoundMode::Async);
+    game().play_sound("\\sounds\\kiss.wav", SoundMode::Async);
 }
 
 void AppController::showLose(const std::string &text)
 {
     auto *lose = new LoseScreen(qt(text));
-    connect(lose, &OkWindow::finished, this, [this] { onLoseOk(m_game); });
+    connect(lose, &OkWindow::finished, this, [this] { onLoseOk(game()); });
     present(lose);
-    m_game.play_sound("\\sounds\\sigh_m.wav", SoundMode::Async);
+    game().play_sound("\\sounds\\sigh_m.wav", SoundMode::Async);
 }
 
 void AppController::showHighScores()
 {
-    const HighScoreScreenData data = openHighScores(m_game.state().result, m_scores, kScoresFile);
+    const HighScoreScreenData data = openHighScores(game().state().result, m_scores, kScoresFile);
     auto *table = new HighScoreWindow(data, m_assetDir);
     connect(table, &OkWindow::finished, this, &AppController::giveMainBack);
     present(table);
@@ -187,7 +187,7 @@ void AppController::showAbout()
 
 void AppController::showMessage(const std::string &text, const std::string &title, bool exclamation)
 {
-    m_desktop.showMessage(&m_main, qt(text), qt(title), exclamation);
+    m_desktop.showMessage(&mainScreen(), qt(text), qt(title), exclamation);
 }
 
 void AppController::playSound(const std::string &path, SoundMode mode)

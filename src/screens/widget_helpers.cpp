@@ -3,7 +3,9 @@
 #include <QAbstractButton>
 #include <QDir>
 #include <QEvent>
+#include <QFileInfo>
 #include <QFont>
+#include <QImageReader>
 #include <QKeyEvent>
 #include <QWidget>
 
@@ -55,10 +57,13 @@ void clickOnEnter(QAbstractButton *button)
 
 QPixmap loadPicture(const QString &assetDir, const QString &name)
 {
-    QPixmap pixmap;
-    if (!assetDir.isEmpty())
-        pixmap.load(QDir(assetDir).filePath(name));
-    return pixmap;
+    if (assetDir.isEmpty())
+        return QPixmap();
+    // The format comes from the name (PNG or BMP, both built into Qt), not
+    // from guessing: guessing makes Qt load and ask every image plugin.
+    QImageReader reader(QDir(assetDir).filePath(name), QFileInfo(name).suffix().toLower().toLatin1());
+    reader.setAutoDetectImageFormat(false);
+    return QPixmap::fromImage(reader.read());
 }
 
 QFont arialFont(double pointSize, bool bold)

@@ -1,0 +1,79 @@
+#include "app_style.h"
+
+#include <QGroupBox>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPixmap>
+#include <QStyleOption>
+
+namespace amorra {
+
+namespace {
+
+// A chevron pointing right (or down), as the menu bar's "more" button shows.
+QIcon extensionArrow(bool down, const QColor &colour)
+{
+    QPixmap pixmap(16, 16);
+    pixmap.fill(Qt::transparent);
+    QPainter p(&pixmap);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(colour, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    for (const qreal at : {4.0, 9.0}) {
+        QPainterPath chevron;
+        if (down) {
+            chevron.moveTo(4, at);
+            chevron.lineTo(8, at + 3);
+            chevron.lineTo(12, at);
+        } else {
+            chevron.moveTo(at, 4);
+            chevron.lineTo(at + 3, 8);
+            chevron.lineTo(at, 12);
+        }
+        p.drawPath(chevron);
+    }
+    return QIcon(pixmap);
+}
+
+} // namespace
+
+AppStyle::AppStyle()
+{
+    m_fusion = baseStyle()->name().compare(QLatin1String("fusion"), Qt::CaseInsensitive) == 0;
+}
+
+void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                             const QWidget *widget) const
+{
+    if (element == PE_FrameGroupBox && m_fusion) {
+        // Fusion's frame: below the title, a grey outline with a lighter
+        // inner ring around a barely shaded inside.
+        const auto *box = qobject_cast<const QGroupBox *>(widget);
+        const bool bare = box && !box->isCheckable() && box->title().isEmpty();
+        const int top = (bare ? 0 : qMax(pixelMetric(PM_ExclusiveIndicatorHeight), option->fontMetrics.height())) + 3;
+        const QRectF frame = QRectF(option->rect.adjusted(1, top + 1, 0, 0));
+        const QColor window = option->palette.color(QPalette::Window);
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(window.darker(111));
+        painter->drawRoundedRect(frame, 2, 2);
+        painter->setBrush(window.darker(103));
+        painter->drawRoundedRect(frame.adjusted(1, 1, -1, -1), 1.5, 1.5);
+        painter->setBrush(window.darker(101));
+        painter->drawRoundedRect(frame.adjusted(2, 2, -2, -2), 1, 1);
+        painter->restore();
+        return;
+    }
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+QIcon AppStyle::standardIcon(StandardPixmap icon, const QStyleOption *option, const QWidget *widget) const
+{
+    if (icon == SP_ToolBarHorizontalExtensionButton || icon == SP_ToolBarVerticalExtensionButton) {
+        const QPalette palette = option ? option->palette : standardPalette();
+        return extensionArrow(icon == SP_ToolBarVerticalExtensionButton, palette.color(QPalette::ButtonText));
+    }
+    return QProxyStyle::standardIcon(icon, option, widget);
+}
+
+} // namespace amorra

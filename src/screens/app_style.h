@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace amorra {
+
+// The desktop's own style, less two of Fusion's habits that cost the game its
+// quick start: Fusion draws group-box frames from a picture, and every menu
+// bar asks for a toolbar arrow icon; reading either picture makes Qt load and
+// question every image plugin installed (TIFF, WebP, MNG and more, about a
+// dozen libraries) although the game only ever reads PNG and GIF. Drawn
+// here, they cost nothing.
+class AppStyle : public QProxyStyle
+{
+    Q_OBJECT
+
+public:
+    AppStyle();
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget = nullptr) const override;
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption *option = nullptr,
+                       const QWidget *widget = nullptr) const override;
+
+private:
+    bool m_fusion = false;
+};
+
+} // namespace amorra
