@@ -105,12 +105,13 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION games)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-# dpkg-shlibdeps names the Qt libraries the game links, with the versions it
-# was built against. Added here is what Qt loads at run time instead: the
-# platform plugins (xcb itself ships in libqt6gui6), a sound server for
-# QSoundEffect (libpulse0 comes with libqt6multimedia6), xdg-open for the
-# help pages, native Wayland windows and the SVG window icon.
+# dpkg-shlibdeps names the libraries the game links (Qt, ALSA), with the versions it
+# was built against. Added here is what is loaded at run time instead: the
+# platform plugins (xcb itself ships in libqt6gui6), the ALSA plugin that
+# takes the sound effects to the desktop's sound server (PipeWire's, or
+# PulseAudio's from libasound2-plugins), xdg-open for the help pages, native
+# Wayland windows and the SVG window icon.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pipewire-pulse | pulseaudio, xdg-utils, qt6-wayland, libqt6svg6")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pipewire-alsa | libasound2-plugins, xdg-utils, qt6-wayland, libqt6svg6")
 include(CPack)

@@ -3,7 +3,7 @@
 # Usage: tools/install-deps.sh [build|test|play|package|lint|fuzz|shots]
 set -eu
 
-want="build-essential cmake pkg-config qt6-base-dev qt6-multimedia-dev libgl-dev libqt6svg6 qt6-image-formats-plugins"
+want="build-essential cmake pkg-config qt6-base-dev libasound2-dev libgl-dev libqt6svg6 qt6-image-formats-plugins"
 case "${1:-build}" in
   # desktop-file-utils and appstream validate the installed desktop entry and
   # metadata; dpkg-dev and file let the package test work out its dependencies.

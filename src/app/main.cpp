@@ -29,7 +29,7 @@ int main(int argc, char *argv[])
     QApplication::setWindowIcon(icon);
 
     amorra::SystemRandom random;
-    amorra::QtSoundPlayer sound;
+    amorra::AlsaSoundPlayer sound;
     amorra::QtDesktop desktop;
     amorra::AppController controller(random, sound, desktop, assetDir);
     controller.start();

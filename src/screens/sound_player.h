@@ -1,15 +1,21 @@
 #pragma once
 
+#include "alsa_output.h"
+
 #include "view/game_view.h"
 
 #include <QByteArray>
 #include <QHash>
 #include <QString>
 
+#include <chrono>
+#include <cstdint>
+#include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 
-class QSoundEffect;
+class QEventLoop;
 
 namespace amorra {
 
@@ -22,25 +28,57 @@ public:
     virtual void play(const QString &file, SoundMode mode) = 0;
 };
 
-// The real player. A missing or unreadable file gives the desktop's beep for
-// `Async` and silence for `Wait`; without a sound device it stays silent.
-class QtSoundPlayer final : public SoundPlayer
+// A WAV file's sound, ready for the device.
+struct WavClip
+{
+    PcmFormat format;
+    QByteArray pcm; // whole frames only
+
+    std::size_t frames() const { return std::size_t(pcm.size()) / std::size_t(format.frameBytes()); }
+    int durationMs() const;
+};
+
+// The sound in a PCM WAV file (8-bit unsigned or 16/24/32-bit signed);
+// nothing when the bytes are not one. A cut-off file plays what it holds.
+std::optional<WavClip> parseWav(const QByteArray &bytes);
+
+// The real player: a thread of its own feeds the device, so a click never
+// waits for the sound system. A missing or unreadable file gives the
+// desktop's beep for `Async` and silence for `Wait`; without a sound device
+// it stays silent and `Wait` returns at once.
+class AlsaSoundPlayer final : public SoundPlayer
 {
 public:
-    QtSoundPlayer();
-    ~QtSoundPlayer() override;
+    AlsaSoundPlayer();
+    AlsaSoundPlayer(std::unique_ptr<PcmSink> sink, std::function<void()> beep,
+                    std::chrono::milliseconds idleClose = std::chrono::seconds(3));
+    ~AlsaSoundPlayer() override;
+    AlsaSoundPlayer(const AlsaSoundPlayer &) = delete;
+    AlsaSoundPlayer &operator=(const AlsaSoundPlayer &) = delete;
+
     void play(const QString &file, SoundMode mode) override;
 
 private:
-    std::unique_ptr<QSoundEffect> m_effect;
-    // Clip lengths by file, so a click does not read its WAV file again;
-    // nothing for a file that is missing or no PCM sound.
-    QHash<QString, std::optional<int>> m_durations;
-    bool m_deviceSeen = false;
-};
+    class Worker;
 
-// How long a WAV file plays, from its header; nothing when the bytes are
-// not a playable PCM WAV header.
-std::optional<int> wavDurationMs(const QByteArray &bytes);
+    std::shared_ptr<const WavClip> clip(const QString &file);
+    void finished(std::uint64_t id);
+
+    std::function<void()> m_beep;
+    std::chrono::milliseconds m_idleClose;
+    // Parsed clips by file, so a click does not read its file again;
+    // null for a file that is missing or no PCM sound.
+    QHash<QString, std::shared_ptr<const WavClip>> m_clips;
+    std::uint64_t m_lastId = 0;
+
+    // The Wait in progress, told by the sound thread when its clip is over.
+    std::mutex m_waitMutex;
+    QEventLoop *m_waiting = nullptr;
+    std::uint64_t m_awaited = 0;
+    std::uint64_t m_lastFinished = 0;
+
+    std::unique_ptr<PcmSink> m_sink; // until the sound thread takes it
+    std::unique_ptr<Worker> m_worker; // started with the first clip
+};
 
 } // namespace amorra

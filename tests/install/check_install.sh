@@ -49,7 +49,7 @@ case $mode in
     [ "$(field Section)" = games ] || fail "package section is '$(field Section)', not games"
     depends=$(field Depends)
     # Without these apt would install a game that cannot open a window or play a sound.
-    for pkg in libqt6core6 libqt6gui6 libqt6widgets6 libqt6multimedia6 qt6-qpa-plugins libc6; do
+    for pkg in libqt6core6 libqt6gui6 libqt6widgets6 libasound2 qt6-qpa-plugins libc6; do
       case ", $depends," in
         *", $pkg "* | *", $pkg,"*) ;;
         *) fail "the package does not depend on $pkg (Depends: $depends)" ;;

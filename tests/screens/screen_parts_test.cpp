@@ -1,19 +1,15 @@
 // The screens' plain parts: where the assets are found, the quick start
-// guide's Rich Text reader, WAV lengths and the action list's columns.
+// guide's Rich Text reader and the action list's columns.
 #include "screens/action_list.h"
 #include "screens/asset_locator.h"
 #include "screens/rtf_reader.h"
-#include "screens/sound_player.h"
 
 #include <QDir>
-#include <QElapsedTimer>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
-#include <QtEndian>
 
 using namespace amorra;
 
@@ -36,46 +32,6 @@ QTextCharFormat formatAt(const QTextDocument &doc, const QString &letter)
     return cursor.charFormat();
 }
 
-QByteArray chunk(const QByteArray &id, const QByteArray &body)
-{
-    QByteArray out = id;
-    char size[4];
-    qToLittleEndian<quint32>(quint32(body.size()), size);
-    out.append(size, 4);
-    out += body;
-    if (body.size() % 2)
-        out += '\0';
-    return out;
-}
-
-QByteArray fmtBody(quint16 tag, quint32 byteRate)
-{
-    QByteArray body(16, '\0');
-    qToLittleEndian<quint16>(tag, body.data());
-    qToLittleEndian<quint16>(1, body.data() + 2);      // channels
-    qToLittleEndian<quint32>(8000, body.data() + 4);   // sample rate
-    qToLittleEndian<quint32>(byteRate, body.data() + 8);
-    qToLittleEndian<quint16>(1, body.data() + 12);     // block align
-    qToLittleEndian<quint16>(8, body.data() + 14);     // bits
-    return body;
-}
-
-QByteArray wav(const QByteArray &chunks)
-{
-    return chunk("RIFF", "WAVE" + chunks);
-}
-
-// A data chunk that claims `declared` bytes but holds `held`.
-QByteArray dataChunk(quint32 declared, int held)
-{
-    QByteArray out = "data";
-    char size[4];
-    qToLittleEndian<quint32>(declared, size);
-    out.append(size, 4);
-    out += QByteArray(held, '\x80');
-    return out;
-}
-
 } // namespace
 
 class ScreenPartsTest : public QObject
@@ -91,14 +47,6 @@ private Q_SLOTS:
     void guideKeepsBoldItalicUnderlineSizeColourAndAlignment();
     void damagedGuideNeverCrashes_data();
     void damagedGuideNeverCrashes();
-
-    void waitSoundsLastAsLongAsTheirData_data();
-    void waitSoundsLastAsLongAsTheirData();
-    void unplayableWavHeadersAreRecognised_data();
-    void unplayableWavHeadersAreRecognised();
-
-    void soundNeverHoldsTheGameLongerThanItPlays_data();
-    void soundNeverHoldsTheGameLongerThanItPlays();
 
     void listRowsSplitIntoColumnsAtRunsOfTabs_data();
     void listRowsSplitIntoColumnsAtRunsOfTabs();
@@ -228,86 +176,6 @@ void ScreenPartsTest::damagedGuideNeverCrashes()
     doc.setPlainText(QStringLiteral("left over from before"));
     QCOMPARE(readRtf(rtf, &doc), isRtf);
     QCOMPARE(shown(doc), expected);
-}
-
-void ScreenPartsTest::waitSoundsLastAsLongAsTheirData_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<int>("ms");
-
-    QTest::newRow("one second of 8 kHz mono") << wav(chunk("fmt ", fmtBody(1, 8000)) + chunk("data", QByteArray(8000, 1)))
-                                              << 1000;
-    QTest::newRow("CD quality, half a second")
-        << wav(chunk("fmt ", fmtBody(1, 176400)) + chunk("data", QByteArray(88200, 1))) << 500;
-    QTest::newRow("other chunks first, odd sized with their pad byte")
-        << wav(chunk("LIST", "abc") + chunk("fmt ", fmtBody(1, 8000)) + chunk("data", QByteArray(2000, 1))) << 250;
-    QTest::newRow("a cut-off file plays what it holds")
-        << wav(chunk("fmt ", fmtBody(1, 8000)) + dataChunk(8000, 4000)) << 500;
-}
-
-void ScreenPartsTest::waitSoundsLastAsLongAsTheirData()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(int, ms);
-    const std::optional<int> length = wavDurationMs(bytes);
-    QVERIFY(length.has_value());
-    QCOMPARE(*length, ms);
-}
-
-void ScreenPartsTest::unplayableWavHeadersAreRecognised_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-
-    QTest::newRow("empty file") << QByteArray();
-    QTest::newRow("not RIFF") << QByteArray("ID3\x03 some mp3 bytes here");
-    QTest::newRow("RIFF but not WAVE") << chunk("RIFF", "AVI " + chunk("data", "xx"));
-    QTest::newRow("data before its format") << wav(chunk("data", "xxxx") + chunk("fmt ", fmtBody(1, 8000)));
-    QTest::newRow("compressed format") << wav(chunk("fmt ", fmtBody(2, 8000)) + chunk("data", "xxxx"));
-    QTest::newRow("zero byte rate") << wav(chunk("fmt ", fmtBody(1, 0)) + chunk("data", "xxxx"));
-    QTest::newRow("cut off inside the format") << wav(chunk("fmt ", fmtBody(1, 8000))).left(30);
-    QTest::newRow("no data chunk") << wav(chunk("fmt ", fmtBody(1, 8000)));
-}
-
-void ScreenPartsTest::unplayableWavHeadersAreRecognised()
-{
-    QFETCH(QByteArray, bytes);
-    QVERIFY(!wavDurationMs(bytes).has_value());
-}
-
-void ScreenPartsTest::soundNeverHoldsTheGameLongerThanItPlays_data()
-{
-    QTest::addColumn<QByteArray>("bytes"); // empty: no file at all
-    QTest::addColumn<bool>("wait");
-    QTest::addColumn<int>("longestMs");
-
-    // 200 ms of silence at 8 kHz.
-    const QByteArray clip = wav(chunk("fmt ", fmtBody(1, 8000)) + chunk("data", QByteArray(1600, '\x80')));
-    QTest::newRow("missing file, Async") << QByteArray() << false << 100;
-    QTest::newRow("missing file, Wait: silence, at once") << QByteArray() << true << 100;
-    QTest::newRow("damaged file, Wait") << QByteArray("RIFF\x10\0\0\0WAVEjunk") << true << 100;
-    QTest::newRow("a clip, Async returns at once") << clip << false << 150;
-    // Silent and immediate without a sound device; at most the clip and
-    // its margin with one.
-    QTest::newRow("a clip, Wait") << clip << true << 200 + 250 + 300;
-}
-
-void ScreenPartsTest::soundNeverHoldsTheGameLongerThanItPlays()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(bool, wait);
-    QFETCH(int, longestMs);
-    QTemporaryDir dir;
-    const QString file = QDir(dir.path()).filePath(QStringLiteral("cat.wav"));
-    if (!bytes.isEmpty()) {
-        QFile f(file);
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write(bytes);
-    }
-    QtSoundPlayer player;
-    QElapsedTimer clock;
-    clock.start();
-    player.play(file, wait ? SoundMode::Wait : SoundMode::Async);
-    QVERIFY2(clock.elapsed() <= longestMs, qPrintable(QString::number(clock.elapsed())));
 }
 
 void ScreenPartsTest::listRowsSplitIntoColumnsAtRunsOfTabs_data()

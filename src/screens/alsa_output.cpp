@@ -1,0 +1,138 @@
+#include "alsa_output.h"
+
+#include <alsa/asoundlib.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <mutex>
+#include <utility>
+
+namespace amorra {
+
+namespace {
+
+// What the device may hold ahead of the ear: short enough that a new clip
+// cuts the old one off without a noticeable tail.
+constexpr unsigned kLatencyUs = 100000;
+// How long one write waits for room before handing back to the sound
+// thread, which may have a newer clip by then.
+constexpr int kRoomWaitMs = 50;
+constexpr int kMostAttempts = 3;
+
+// ALSA tells its troubles on stderr; a game without a sound device would
+// print them at every click. Sound is never essential, so we stay quiet.
+void quiet(const char *, int, const char *, int, const char *, ...) {}
+
+void silenceAlsaMessages()
+{
+    static std::once_flag once;
+    std::call_once(once, [] { snd_lib_error_set_handler(quiet); });
+}
+
+snd_pcm_format_t alsaFormat(int bytesPerSample)
+{
+    switch (bytesPerSample) {
+    case 1: return SND_PCM_FORMAT_U8;
+    case 2: return SND_PCM_FORMAT_S16_LE;
+    case 3: return SND_PCM_FORMAT_S24_3LE;
+    case 4: return SND_PCM_FORMAT_S32_LE;
+    default: return SND_PCM_FORMAT_UNKNOWN;
+    }
+}
+
+} // namespace
+
+AlsaOutput::AlsaOutput(std::string device)
+    : m_device(std::move(device))
+{
+    // Here, before the sound thread starts, so that thread sees it set.
+    silenceAlsaMessages();
+}
+
+AlsaOutput::~AlsaOutput()
+{
+    close();
+}
+
+bool AlsaOutput::open(const PcmFormat &format)
+{
+    close();
+    const snd_pcm_format_t alsa = alsaFormat(format.bytesPerSample);
+    if (alsa == SND_PCM_FORMAT_UNKNOWN || format.channels <= 0 || format.rate <= 0)
+        return false;
+    // Non-blocking, so a busy device answers at once instead of holding us.
+    if (snd_pcm_open(&m_pcm, m_device.c_str(), SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK) < 0) {
+        m_pcm = nullptr;
+        return false;
+    }
+    if (snd_pcm_set_params(m_pcm, alsa, SND_PCM_ACCESS_RW_INTERLEAVED, unsigned(format.channels),
+                           unsigned(format.rate), 1, kLatencyUs)
+        < 0) {
+        close();
+        return false;
+    }
+    return true;
+}
+
+long AlsaOutput::write(const char *frames, std::size_t count)
+{
+    if (!m_pcm)
+        return -1;
+    for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
+        const snd_pcm_sframes_t taken = snd_pcm_writei(m_pcm, frames, count);
+        if (taken >= 0)
+            return long(taken);
+        if (taken == -EAGAIN) {
+            // The buffer is full: give the device a moment to play some.
+            const int ready = snd_pcm_wait(m_pcm, kRoomWaitMs);
+            if (ready == 0)
+                return 0;
+            if (ready < 0 && snd_pcm_recover(m_pcm, ready, 1) < 0)
+                return -1;
+            continue;
+        }
+        // Underrun or suspend: start again where we are.
+        if (snd_pcm_recover(m_pcm, int(taken), 1) < 0)
+            return -1;
+    }
+    return 0;
+}
+
+long AlsaOutput::queued()
+{
+    if (!m_pcm)
+        return -1;
+    // Ran dry: everything written has been heard. (PulseAudio's plugin says
+    // so by its state while its delay still counts a few frames.)
+    if (snd_pcm_state(m_pcm) == SND_PCM_STATE_XRUN)
+        return 0;
+    snd_pcm_sframes_t delay = 0;
+    const int err = snd_pcm_delay(m_pcm, &delay);
+    if (err == -EPIPE)
+        return 0;
+    if (err < 0)
+        return -1;
+    // The stream starts by itself once its buffer is full; a clip shorter
+    // than that needs a push.
+    if (delay > 0 && snd_pcm_state(m_pcm) == SND_PCM_STATE_PREPARED && snd_pcm_start(m_pcm) < 0)
+        return -1;
+    return std::max<long>(long(delay), 0);
+}
+
+void AlsaOutput::drop()
+{
+    if (!m_pcm)
+        return;
+    snd_pcm_drop(m_pcm);
+    // Ready for the next clip's frames.
+    snd_pcm_prepare(m_pcm);
+}
+
+void AlsaOutput::close()
+{
+    if (m_pcm)
+        snd_pcm_close(m_pcm);
+    m_pcm = nullptr;
+}
+
+} // namespace amorra
