@@ -83,7 +83,7 @@ bool AppController::start()
 
 int AppController::loadedScreenCount() const
 {
-    int count = (m_mainLoaded ? 1 : 0) + (m_setup ? 1 : 0);
+    int count = (m_mainLoaded ? 1 : 0) + (m_setup || m_setupHeld ? 1 : 0);
     for (const QPointer<OkWindow> &w : m_windows)
         if (w && w->isOpen())
             ++count;
@@ -122,8 +122,12 @@ void AppController::startPressed()
         m_setup->focusName();
         return;
     }
-    m_setup->hide();
     game().setSetup(m_setup->values());
+    // The setup screen stays loaded behind the main screen until the game
+    // is left, but it never shows again (New Game builds a fresh one), so
+    // its window and pixels are let go now.
+    closeSetup();
+    m_setupHeld = true;
     openMain();
     if (!writeLastName(kLastFile, name.toStdString()))
         m_desktop.showMessage(&mainScreen(),
@@ -180,6 +184,7 @@ void AppController::newGame()
 void AppController::closeSetup()
 {
     // Later, as this may run inside the setup screen's own close.
+    m_setupHeld = false;
     if (m_setup) {
         m_setup->hide();
         m_setup->deleteLater();

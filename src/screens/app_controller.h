@@ -94,6 +94,7 @@ private:
     std::unique_ptr<Game> m_game; // after m_main: it shows itself there
     ScoreTable m_scores{};
     QPointer<SetupScreen> m_setup;
+    bool m_setupHeld = false; // hidden behind the main screen: loaded, but let go
     QList<QPointer<OkWindow>> m_windows;
     bool m_mainLoaded = false;
     bool m_tuteChecked = false;

@@ -326,17 +326,13 @@ void AlsaSoundPlayer::finished(std::uint64_t id)
 
 std::shared_ptr<const WavClip> AlsaSoundPlayer::clip(const QString &file)
 {
-    const auto known = m_clips.constFind(file);
-    if (known != m_clips.constEnd())
-        return *known;
-    std::shared_ptr<const WavClip> parsed;
+    // Read afresh each time: from the page cache that takes microseconds,
+    // while keeping every clip played would hold about a megabyte.
     QFile f(file);
-    if (f.open(QIODevice::ReadOnly)) {
-        if (std::optional<WavClip> wav = parseWav(f.read(kLargestFileBytes)))
-            parsed = std::make_shared<const WavClip>(std::move(*wav));
-    }
-    m_clips.insert(file, parsed);
-    return parsed;
+    if (!f.open(QIODevice::ReadOnly))
+        return nullptr;
+    std::optional<WavClip> wav = parseWav(f.read(kLargestFileBytes));
+    return wav ? std::make_shared<const WavClip>(std::move(*wav)) : nullptr;
 }
 
 } // namespace amorra

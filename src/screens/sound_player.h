@@ -5,7 +5,6 @@
 #include "view/game_view.h"
 
 #include <QByteArray>
-#include <QHash>
 #include <QString>
 
 #include <chrono>
@@ -66,9 +65,6 @@ private:
 
     std::function<void()> m_beep;
     std::chrono::milliseconds m_idleClose;
-    // Parsed clips by file, so a click does not read its file again;
-    // null for a file that is missing or no PCM sound.
-    QHash<QString, std::shared_ptr<const WavClip>> m_clips;
     std::uint64_t m_lastId = 0;
 
     // The Wait in progress, told by the sound thread when its clip is over.
