@@ -13,7 +13,7 @@
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
-    QApplication::setStyle(new amorra::AppStyle);
+    QApplication::setStyle(new amorra::AppStyle); // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the application owns it
     QApplication::setApplicationName(QStringLiteral("Amorra"));
     QApplication::setOrganizationDomain(QStringLiteral("amorra.github.io"));
     QApplication::setDesktopFileName(QStringLiteral("io.github.amorra.Amorra"));

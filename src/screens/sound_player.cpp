@@ -311,7 +311,7 @@ void AlsaSoundPlayer::play(const QString &file, SoundMode mode)
     m_awaited = outerId;
     // This sound cut off the one an outer Wait was waiting for.
     if (outer && m_lastFinished >= outerId)
-        QMetaObject::invokeMethod(outer, &QEventLoop::quit, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(outer, "quit", Qt::QueuedConnection);
 }
 
 // Called on the sound thread. A clip always cuts off the ones before it,
@@ -321,7 +321,7 @@ void AlsaSoundPlayer::finished(std::uint64_t id)
     const std::lock_guard lock(m_waitMutex);
     m_lastFinished = std::max(m_lastFinished, id);
     if (m_waiting && id >= m_awaited)
-        QMetaObject::invokeMethod(m_waiting, &QEventLoop::quit, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(m_waiting, "quit", Qt::QueuedConnection);
 }
 
 std::shared_ptr<const WavClip> AlsaSoundPlayer::clip(const QString &file)
