@@ -183,7 +183,7 @@ private:
         const std::size_t total = clip.frames();
         const std::size_t slice = std::size_t(std::max(1, clip.format.rate / kSlicesPerSecond));
         Clock::time_point lastTaken = Clock::now();
-        std::chrono::milliseconds patience = 0ms;
+        std::chrono::milliseconds patience{0};
         for (std::size_t at = 0; at < total;) {
             if (newerAsked(patience)) {
                 m_sink->drop();
@@ -196,7 +196,7 @@ private:
                 return;
             }
             // A full device: give it a moment rather than asking again at once.
-            patience = taken == 0 ? kRoomPoll : 0ms;
+            patience = taken == 0 ? kRoomPoll : std::chrono::milliseconds{0};
             if (taken > 0) {
                 at += std::size_t(taken);
                 lastTaken = now;
