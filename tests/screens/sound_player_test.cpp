@@ -397,6 +397,7 @@ void SoundPlayerTest::unplayableWavFilesAreRefused_data()
     const QByteArray pcm = pattern(800);
     QTest::newRow("empty file") << QByteArray();
     QTest::newRow("not RIFF") << QByteArray("ID3\x03 some mp3 bytes here");
+    QTest::newRow("header only") << wav(QByteArray());
     QTest::newRow("RIFF but not WAVE") << chunk("RIFF", "AVI " + chunk("data", "xx"));
     QTest::newRow("data before its format") << wav(chunk("data", pcm) + chunk("fmt ", fmtBody(Fmt{})));
     QTest::newRow("ADPCM") << wav(Fmt{2, 1, 8000, 4, 256}, pcm);
