@@ -39,8 +39,7 @@ MainScreen &AppController::mainScreen()
 
 Game &AppController::game()
 {
-    if (!m_main)
-        buildMain();
+    mainScreen(); // the game comes with its screen
     return *m_game;
 }
 
