@@ -4,8 +4,7 @@ JOBS ?= 2
 CMAKE_FLAGS ?=
 PREFIX ?= /usr/local
 
-LAUNCHER := $(BUILD)/packaging/amorra
-GAME := $(abspath $(BUILD))/src/app/amorra-game
+GAME := $(BUILD)/src/app/amorra
 
 .PHONY: all help play test build package install clean
 
@@ -29,13 +28,17 @@ $(BUILD)/CMakeCache.txt:
 build: deps-build $(BUILD)/CMakeCache.txt
 	cmake --build $(BUILD) -j $(JOBS)
 
-# The launcher makes the player's data folder (~/.local/share/amorra), seeds it
-# and starts the game there, so no save file lands in the source or build tree.
-play: deps-play build
-	@test -x $(LAUNCHER) || cmake -S . -B $(BUILD) >/dev/null
-	AMORRA_GAME_BINARY=$(GAME) $(LAUNCHER)
+# Only the game is built. It makes the player's data folder
+# (~/.local/share/amorra), seeds it and runs inside it, so no save file
+# lands in the source or build tree.
+play: deps-play $(BUILD)/CMakeCache.txt
+	cmake --build $(BUILD) -j $(JOBS) --target amorra-game
+	$(GAME)
 
-test: deps-test deps-build $(BUILD)/CMakeCache.txt
+# Configured again, so a build folder made before GoogleTest was installed
+# (by make play, say) gets its tests.
+test: deps-test deps-build
+	cmake -S . -B $(BUILD) $(CMAKE_FLAGS) >/dev/null
 	cmake --build $(BUILD) -j $(JOBS)
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
 

@@ -3,11 +3,12 @@
 # Usage: tools/install-deps.sh [build|test|play|package|lint|fuzz|shots]
 set -eu
 
-want="build-essential cmake pkg-config qt6-base-dev libasound2-dev libgl-dev libqt6svg6 qt6-image-formats-plugins"
+want="build-essential cmake pkg-config qt6-base-dev libasound2-dev libgl-dev"
 case "${1:-build}" in
-  # desktop-file-utils and appstream validate the installed desktop entry and
-  # metadata; dpkg-dev and file let the package test work out its dependencies.
-  test) want="$want libgtest-dev xvfb desktop-file-utils appstream dpkg-dev file" ;;
+  # desktop-file-utils, appstream and lintian check the installed desktop
+  # entry, metadata and package; dpkg-dev and file let the package test work
+  # out its dependencies; the SVG plugin reads the scalable icon.
+  test) want="$want libgtest-dev xvfb desktop-file-utils appstream lintian dpkg-dev file libqt6svg6" ;;
   # Native Wayland windows, and xdg-open for the help pages.
   play) want="$want qt6-wayland xdg-utils" ;;
   package) want="$want dpkg-dev file" ;;

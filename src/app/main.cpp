@@ -1,37 +1,94 @@
 // Amorra: wires the real desktop, sound and dice to the game's windows.
+#include "core/player_folder.h"
 #include "core/random_source.h"
+#include "screens/alsa_output.h"
 #include "screens/app_controller.h"
 #include "screens/app_style.h"
-#include "screens/asset_locator.h"
 #include "screens/desktop.h"
 #include "screens/sound_player.h"
 #include "screens/widget_helpers.h"
 
 #include <QApplication>
 #include <QIcon>
+#include <QStringList>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+namespace {
+
+void printUsage(const char *prog, const std::string &folder)
+{
+    std::printf("Usage: %s [--help | --version]\n\n"
+                "Amorra, a little dating game: win her heart before the 30th day.\n\n"
+                "The game starts in your own data folder, where it keeps the last player\n"
+                "name (last), the quick start guide switch (tuteshow) and the Top 20 table\n"
+                "(Scores):\n  %s\n\n"
+                "Options:\n"
+                "  -h, --help     show this help and exit\n"
+                "  --version      show the version and exit\n",
+                prog, folder.empty() ? "$XDG_DATA_HOME/amorra (not set, and HOME is not set either)" : folder.c_str());
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
+    const char *slash = std::strrchr(argv[0], '/');
+    const char *prog = slash ? slash + 1 : argv[0];
+    const std::string folder = amorra::playerFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));
+
+    // The game itself takes no options; these two answer without a display.
+    if (argc > 1) {
+        if (std::strcmp(argv[1], "-h") == 0 || std::strcmp(argv[1], "--help") == 0) {
+            printUsage(prog, folder);
+            return 0;
+        }
+        if (std::strcmp(argv[1], "--version") == 0) {
+            std::printf("amorra %s\n", AMORRA_VERSION);
+            return 0;
+        }
+        std::fprintf(stderr, "%s: unknown option '%s'\nTry '%s --help' for more information.\n", prog, argv[1], prog);
+        return 2;
+    }
+    if (folder.empty()) {
+        std::fprintf(stderr, "%s: neither XDG_DATA_HOME nor HOME is set, so there is no folder for your files\n", prog);
+        return 1;
+    }
+    const std::string assetDir = amorra::locateAssetDir(amorra::programFolder());
+    const amorra::FolderOutcome home = amorra::enterPlayerFolder(folder, assetDir + "/qsguide.rtf");
+    for (const std::string &problem : home.problems)
+        std::fprintf(stderr, "%s: %s\n", prog, problem.c_str());
+    if (!home.entered)
+        return 1;
+
+    // Before any thread starts; the browser the help opens does not wear them.
+    QStringList soundNames;
+    for (const std::string &name : amorra::nameSoundStreams())
+        soundNames << QString::fromStdString(name);
+
     QApplication app(argc, argv);
     QApplication::setStyle(new amorra::AppStyle); // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the application owns it
     QApplication::setApplicationName(QStringLiteral("Amorra"));
     QApplication::setOrganizationDomain(QStringLiteral("amorra.github.io"));
-    QApplication::setDesktopFileName(QStringLiteral("io.github.amorra.Amorra"));
+    QApplication::setDesktopFileName(QStringLiteral("io.github.amorra.amorra"));
     // The game ends when its main window closes, not when the last window does.
     QApplication::setQuitOnLastWindowClosed(false);
 
-    const QString assetDir = amorra::locateAssetDir(QApplication::applicationDirPath());
+    const QString assets = QString::fromStdString(assetDir);
     // Our own pictures rather than the icon theme's SVG: reading SVG would
     // load the SVG module and the image plugins before the first window.
     QIcon icon;
     for (const int size : {16, 32, 48, 64})
-        icon.addPixmap(amorra::loadPicture(assetDir, QStringLiteral("icons/amorra-%1.png").arg(size)));
+        icon.addPixmap(amorra::loadPicture(assets, QStringLiteral("icons/amorra-%1.png").arg(size)));
     QApplication::setWindowIcon(icon);
 
     amorra::SystemRandom random;
     amorra::AlsaSoundPlayer sound;
-    amorra::QtDesktop desktop;
-    amorra::AppController controller(random, sound, desktop, assetDir);
+    amorra::QtDesktop desktop(soundNames);
+    amorra::AppController controller(random, sound, desktop, assets);
     controller.start();
     return app.exec();
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <mutex>
 #include <utility>
 
@@ -41,6 +42,25 @@ snd_pcm_format_t alsaFormat(int bytesPerSample)
 }
 
 } // namespace
+
+std::vector<std::string> nameSoundStreams()
+{
+    // PipeWire spells the role with a capital and the icon with a dash;
+    // PulseAudio's plugin names its stream after the program unless the
+    // override replaces that.
+    static const char *const kNames[][2] = {
+        {"PIPEWIRE_PROPS", "{ application.name=Amorra application.id=io.github.amorra.amorra "
+                           "application.icon-name=amorra media.role=Game media.name=\"Sound effects\" }"},
+        {"PULSE_PROP_OVERRIDE", "application.name='Amorra' application.id='io.github.amorra.amorra' "
+                                "application.icon_name='amorra' media.role='game' media.name='Sound effects'"},
+    };
+    std::vector<std::string> set;
+    for (const auto &[name, value] : kNames) {
+        if (!std::getenv(name) && setenv(name, value, 0) == 0)
+            set.emplace_back(name);
+    }
+    return set;
+}
 
 AlsaOutput::AlsaOutput(std::string device)
     : m_device(std::move(device))

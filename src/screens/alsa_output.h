@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 typedef struct _snd_pcm snd_pcm_t; // NOLINT(bugprone-reserved-identifier): ALSA's own name
 
@@ -41,6 +42,14 @@ public:
     virtual void drop() = 0;
     virtual void close() = 0;
 };
+
+// Shows the game's sounds in the desktop's volume mixer as "Amorra", with
+// its icon and the game role, instead of the ALSA plugin's name for any
+// program. PipeWire's and PulseAudio's ALSA plugins read these variables
+// when a sound opens the device, so this runs before any thread starts.
+// Variables the player set himself stay as they are. Returns the names it
+// set, for the programs the game starts, which must not wear them.
+std::vector<std::string> nameSoundStreams();
 
 // The desktop's sound through ALSA. "default" reaches PipeWire or
 // PulseAudio through their ALSA plugins where a sound server runs.

@@ -4,11 +4,20 @@
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QMessageBox>
+#include <QProcess>
 #include <QScreen>
+#include <QStandardPaths>
 #include <QUrl>
 #include <QWidget>
 
+#include <utility>
+
 namespace amorra {
+
+QtDesktop::QtDesktop(QStringList hidden)
+    : m_hidden(std::move(hidden))
+{
+}
 
 QSize QtDesktop::screenSize() const
 {
@@ -27,7 +36,19 @@ void QtDesktop::showMessage(QWidget *parent, const QString &text, const QString 
 
 bool QtDesktop::openUrl(const QUrl &url)
 {
-    return QDesktopServices::openUrl(url);
+    // Qt would start xdg-open with the game's whole environment, and a
+    // browser started that way would show up as the game in the volume mixer.
+    const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+    if (m_hidden.isEmpty() || opener.isEmpty())
+        return QDesktopServices::openUrl(url);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const QString &name : m_hidden)
+        environment.remove(name);
+    QProcess process;
+    process.setProgram(opener);
+    process.setArguments({url.toString(QUrl::FullyEncoded)});
+    process.setProcessEnvironment(environment);
+    return process.startDetached();
 }
 
 void QtDesktop::quit()

@@ -2,6 +2,7 @@
 
 #include <QSize>
 #include <QString>
+#include <QStringList>
 
 class QUrl;
 class QWidget;
@@ -27,10 +28,16 @@ public:
 class QtDesktop final : public Desktop
 {
 public:
+    // `hidden`: environment variables of the game that the programs it
+    // starts (the browser) must not inherit.
+    explicit QtDesktop(QStringList hidden = {});
     QSize screenSize() const override;
     void showMessage(QWidget *parent, const QString &text, const QString &title, bool exclamation) override;
     bool openUrl(const QUrl &url) override;
     void quit() override;
+
+private:
+    QStringList m_hidden;
 };
 
 // The smallest desktop the game's windows fit on.

@@ -1,11 +1,8 @@
-// The screens' plain parts: where the assets are found, the quick start
-// guide's Rich Text reader and the action list's columns.
+// The screens' plain parts: the quick start guide's Rich Text reader and
+// the action list's columns.
 #include "screens/action_list.h"
-#include "screens/asset_locator.h"
 #include "screens/rtf_reader.h"
 
-#include <QDir>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -39,9 +36,6 @@ class ScreenPartsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void assetFolderIsTheFirstThatExists_data();
-    void assetFolderIsTheFirstThatExists();
-
     void guideTextReadsAsWritten_data();
     void guideTextReadsAsWritten();
     void guideKeepsBoldItalicUnderlineSizeColourAndAlignment();
@@ -51,36 +45,6 @@ private Q_SLOTS:
     void listRowsSplitIntoColumnsAtRunsOfTabs_data();
     void listRowsSplitIntoColumnsAtRunsOfTabs();
 };
-
-void ScreenPartsTest::assetFolderIsTheFirstThatExists_data()
-{
-    QTest::addColumn<QString>("programDir");
-    QTest::addColumn<QStringList>("existing");
-    QTest::addColumn<QString>("expected");
-
-    QTest::newRow("installed share beside bin") << "bin" << QStringList{"share/amorra"} << "share/amorra";
-    QTest::newRow("installed under libexec/amorra")
-        << "libexec/amorra" << QStringList{"share/amorra"} << "share/amorra";
-    QTest::newRow("build tree link beside the program")
-        << "build/src/app" << QStringList{"build/src/app/assets"} << "build/src/app/assets";
-    QTest::newRow("share wins over a stray assets folder")
-        << "bin" << QStringList{"share/amorra", "bin/assets"} << "share/amorra";
-    QTest::newRow("nothing found: the assets folder, so pictures are just missing")
-        << "bin" << QStringList{} << "bin/assets";
-}
-
-void ScreenPartsTest::assetFolderIsTheFirstThatExists()
-{
-    QFETCH(QString, programDir);
-    QFETCH(QStringList, existing);
-    QFETCH(QString, expected);
-    QTemporaryDir root;
-    const QDir dir(root.path());
-    dir.mkpath(programDir);
-    for (const QString &d : existing)
-        dir.mkpath(d);
-    QCOMPARE(locateAssetDir(dir.filePath(programDir)), QDir::cleanPath(dir.filePath(expected)));
-}
 
 void ScreenPartsTest::guideTextReadsAsWritten_data()
 {

@@ -30,7 +30,7 @@ trap 'rm -rf "$work"' EXIT INT TERM
 png() { convert "$1" -strip -define png:exclude-chunks=date,time,tIME "PNG32:$2"; }
 
 pictures() {
-    mkdir -p "$out/pictures" "$out/icons" "$out/help/img" "$work/girls" "$work/stills" "$work/anims"
+    mkdir -p "$out/pictures" "$out/icons" "$work/girls" "$work/stills" "$work/anims"
 
     # her eleven portraits, 24-bit BMP
     python3 "$here/art/girls.py" "$work/girls"
@@ -66,17 +66,6 @@ pictures() {
         convert -delay "$delay" -loop 0 "$work/anims/$name"/f*.png -alpha off +dither \
             -remap "$work/$name-palette.gif" -layers OptimizeTransparency "$out/$name.gif"
     done < "$work/anims/anims.txt"
-
-    # the help page shows some of the game's pictures
-    for p in mode_phone mode_gift mode_date mode_work mode_shop heart face_default \
-             stat_looks_a stat_looks_b stat_brains_a stat_brains_b stat_luck_a stat_luck_b \
-             notice_cat notice_found notice_fine gameover about_logo; do
-        cp "$out/pictures/$p.png" "$out/help/img/$p.png"
-    done
-    cp "$work/girl1.png" "$out/help/img/girl1.png"
-    cp "$work/girl4.png" "$out/help/img/girl4.png"
-    cp "$work/girl10.png" "$out/help/img/girl10.png"
-    png "$work/icon64.png" "$out/help/img/amorra-64.png"
 }
 
 sounds() {
@@ -90,4 +79,6 @@ case "$what" in
     all) pictures; sounds ;;
     *) echo "usage: $0 [pictures|sounds]" >&2; exit 2 ;;
 esac
+# What a player would notice: loudness, clicks, look-alike portraits, still animations...
+python3 "$here/check_assets.py" "$out"
 echo "make-assets: done ($(du -sk "$out" | cut -f1) KB in assets/)"
