@@ -63,8 +63,15 @@ foreach(row IN LISTS amorra_files)
   endif()
 endforeach()
 
-install(FILES ${amorra_packaging_src}/${AMORRA_APP_ID}.desktop
-  DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+# The desktop entry starts the game by its full path, whichever prefix it is
+# installed under: the games folder is not on every PATH (not on root's, nor
+# ~/.local/games on anyone's).
+install(CODE "
+  file(READ \"${amorra_packaging_src}/${AMORRA_APP_ID}.desktop\" entry)
+  string(REPLACE \"Exec=amorra\" \"Exec=\${CMAKE_INSTALL_PREFIX}/${AMORRA_GAMES_DESTINATION}/amorra\" entry \"\${entry}\")
+  file(WRITE \"${amorra_packaging_bin}/installed/${AMORRA_APP_ID}.desktop\" \"\${entry}\")
+  file(INSTALL DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/applications\" TYPE FILE
+    FILES \"${amorra_packaging_bin}/installed/${AMORRA_APP_ID}.desktop\")")
 install(FILES ${amorra_packaging_src}/${AMORRA_APP_ID}.metainfo.xml
   DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${amorra_packaging_src}/copyright DESTINATION ${AMORRA_DOC_DESTINATION})
@@ -74,6 +81,7 @@ install(FILES ${amorra_packaging_src}/amorra.lintian-overrides RENAME amorra
 # Debian ships man pages and changelogs compressed at the highest level;
 # -n keeps time stamps out, so the same sources give the same package.
 find_program(AMORRA_GZIP gzip REQUIRED)
+file(MAKE_DIRECTORY ${amorra_packaging_bin})
 foreach(doc amorra.6 changelog)
   add_custom_command(OUTPUT ${amorra_packaging_bin}/${doc}.gz
     COMMAND ${AMORRA_GZIP} -9nc ${amorra_packaging_src}/${doc} > ${amorra_packaging_bin}/${doc}.gz

@@ -45,14 +45,14 @@ snd_pcm_format_t alsaFormat(int bytesPerSample)
 
 std::vector<std::string> nameSoundStreams()
 {
-    // PipeWire spells the role with a capital and the icon with a dash;
-    // PulseAudio's plugin names its stream after the program unless the
-    // override replaces that.
+    // PipeWire takes them for the stream; PulseAudio for the client, whose
+    // name its ALSA plugin sets, so only the override replaces it. PipeWire
+    // spells the role with a capital and the icon with a dash.
     static const char *const kNames[][2] = {
         {"PIPEWIRE_PROPS", "{ application.name=Amorra application.id=io.github.amorra.amorra "
                            "application.icon-name=amorra media.role=Game media.name=\"Sound effects\" }"},
         {"PULSE_PROP_OVERRIDE", "application.name='Amorra' application.id='io.github.amorra.amorra' "
-                                "application.icon_name='amorra' media.role='game' media.name='Sound effects'"},
+                                "application.icon_name='amorra' media.role='game'"},
     };
     std::vector<std::string> set;
     for (const auto &[name, value] : kNames) {

@@ -103,8 +103,9 @@ gzip -dc "$share/man/man6/amorra.6.gz" 2>/dev/null | grep -q '^\.TH AMORRA 6' ||
 desktop=$share/applications/$app_id.desktop
 need_tool desktop-file-validate
 desktop-file-validate "$desktop" >"$work/dfv" 2>&1 || fail "desktop-file-validate: $(cat "$work/dfv")"
-grep -qx 'Exec=amorra' "$desktop" && grep -qx 'Icon=amorra' "$desktop" ||
-  fail "the desktop entry does not start amorra with its icon"
+case $mode in install) exec_path=$prefix/games/amorra ;; *) exec_path=/usr/games/amorra ;; esac
+grep -qx "Exec=$exec_path" "$desktop" && grep -qx 'Icon=amorra' "$desktop" ||
+  fail "the desktop entry does not start $exec_path with its icon"
 
 metainfo=$share/metainfo/$app_id.metainfo.xml
 need_tool appstreamcli
