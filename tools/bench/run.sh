@@ -45,14 +45,14 @@ echo "== 2. Balance lab throughput (one core, null view) =="
 
 echo
 echo "== 3. Start-up, memory and click to repaint: offscreen =="
-QT_QPA_PLATFORM=offscreen "$B/amorra-startbench" --game "$BUILD/src/app/amorra-game" \
+QT_QPA_PLATFORM=offscreen "$B/amorra-startbench" --game "$BUILD/src/app/amorra" \
   --minimal "$B/amorra-minimal-window" --minimal-sound "$B/amorra-minimal-sound-window" \
   --probe "$B/libamorra-probe.so" --runs "$RUNS" --games "$GAMES" --label offscreen || status=$?
 
 echo
 echo "== 4. Start-up, memory and click to repaint: Xvfb =="
 xvfb-run -a -s "-screen 0 1280x1024x24" env QT_QPA_PLATFORM=xcb "$B/amorra-startbench" \
-  --game "$BUILD/src/app/amorra-game" --minimal "$B/amorra-minimal-window" \
+  --game "$BUILD/src/app/amorra" --minimal "$B/amorra-minimal-window" \
   --minimal-sound "$B/amorra-minimal-sound-window" --probe "$B/libamorra-probe.so" \
   --runs "$RUNS" --games "$GAMES" --label Xvfb || status=$?
 exit $status

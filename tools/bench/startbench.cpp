@@ -56,6 +56,8 @@ Probed runOnce(const std::string &program, const std::string &probe, const char 
     if (pid == 0) {
         if (chdir(dir) != 0)
             _exit(126);
+        // The game plays in $XDG_DATA_HOME/amorra: here, not in the player's own folder.
+        setenv("XDG_DATA_HOME", dir, 1);
         setenv("LD_PRELOAD", probe.c_str(), 1);
         setenv("AMORRA_PROBE_MODE", mode, 1);
         setenv("AMORRA_PROBE_OUT", out.c_str(), 1);
