@@ -1,4 +1,5 @@
-// Amorra: wires the real desktop, sound and dice to the game's windows.
+// Amorra: answers --help and --version, enters the player's folder, then wires the
+// real desktop, sound and dice to the game's windows.
 #include "core/player_folder.h"
 #include "core/random_source.h"
 #include "screens/alsa_output.h"
