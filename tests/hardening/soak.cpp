@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <unistd.h>
 
 using namespace amorra;
 
@@ -275,7 +276,8 @@ int main(int argc, char **argv)
 {
     const long long clicks = argc > 1 ? std::atoll(argv[1]) : 20000;
     const std::uint64_t seed = argc > 2 ? std::strtoull(argv[2], nullptr, 10) : 20261123;
-    const auto dir = std::filesystem::temp_directory_path() / ("amorra-soak-" + std::to_string(seed));
+    // A folder of this run's own: runs side by side must not remove each other's Scores file.
+    const auto dir = std::filesystem::temp_directory_path() / ("amorra-soak-" + std::to_string(seed) + "-" + std::to_string(getpid()));
     std::filesystem::create_directories(dir);
     Soak soak(seed, (dir / "Scores").string());
     soak.run(clicks);
