@@ -1,5 +1,6 @@
 #include "play_fixture.h"
 #include "scores/score_table.h"
+#include "support/score_bytes.h"
 #include "support/temp_dir.h"
 
 using namespace amorra;
@@ -13,8 +14,7 @@ struct FullGame : PlayFixture
     // the Parking Attendant's $50.
     void workADay()
     {
-        for (int i = 0; i < 8; ++i)
-            random.push(kCalm);
+        calm(8);
         onGoToWork(game);
         choose(1);
     }
@@ -28,30 +28,7 @@ struct FullGame : PlayFixture
         random.push({kCalm, pick(r, of)});
         choose(row);
     }
-
-    // The 38 bytes of one record, spelled out.
-    static std::string record(const std::string &name, const char *scoreHex, std::uint16_t days, const char *spentHex)
-    {
-        std::string out = name + std::string(20 - name.size(), ' ');
-        auto hex = [&](const char *h) {
-            for (size_t i = 0; h[i] && h[i + 1]; i += 2)
-                out += static_cast<char>(std::stoi(std::string(h + i, 2), nullptr, 16));
-        };
-        hex(scoreHex);
-        out += static_cast<char>(days & 0xFF);
-        out += static_cast<char>(days >> 8);
-        hex(spentHex);
-        return out;
-    }
-    static std::string emptyRecord() { return std::string(20, ' ') + std::string(18, '\0'); }
 };
-
-// Scores as IEEE doubles: 52847 = 0x40e9cde000000000, 90000 = 0x40f5f90000000000,
-// 100 = 0x4059000000000000. Money is in 1/10,000 dollars: $100 = 0x0f4240,
-// $200 = 0x1e8480, $60 = 0x0927c0, $436 = 0x428740.
-const char *const kScore52847 = "00000000e0cde940";
-const char *const kScore90000 = "0000000000f9f540";
-const char *const kScore100 = "0000000000005940";
 
 TEST_F(FullGame, fromTheSetupValuesToAMarkedRowInTheScoresFile)
 {
@@ -149,8 +126,8 @@ TEST_F(FullGame, fromTheSetupValuesToAMarkedRowInTheScoresFile)
     EXPECT_FALSE(view.mainEnabled); // the table's own OK gives it back
 
     TempDir dir;
-    std::string before = record("Zed", kScore90000, 3, "40420f0000000000") + record("Bob", kScore52847, 20, "80841e0000000000") +
-                         record("Al", kScore100, 29, "c027090000000000");
+    const std::string zed = dollarRecord("Zed", 90000, 3, 100), bob = dollarRecord("Bob", 52847, 20, 200), al = dollarRecord("Al", 100, 29, 60);
+    const std::string before = zed + bob + al;
     dir.write("Scores", before);
     ScoreTable table;
     const HighScoreScreenData shown = openHighScores(s.result, table, dir.file("Scores"));
@@ -165,10 +142,9 @@ TEST_F(FullGame, fromTheSetupValuesToAMarkedRowInTheScoresFile)
     for (size_t i = 0; i < shown.rows.size(); ++i)
         EXPECT_EQ(shown.rows[i].red, i == 1) << "rank " << i + 1;
 
-    std::string after = record("Zed", kScore90000, 3, "40420f0000000000") + record("Tom", kScore52847, 14, "4087420000000000") +
-                        record("Bob", kScore52847, 20, "80841e0000000000") + record("Al", kScore100, 29, "c027090000000000");
+    std::string after = zed + dollarRecord("Tom", 52847, 14, 436) + bob + al;
     for (int i = 0; i < 17; ++i)
-        after += emptyRecord();
+        after += emptyScoreRecord();
     EXPECT_EQ(dir.read("Scores"), after);
 }
 

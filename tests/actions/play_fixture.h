@@ -9,14 +9,18 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 namespace amorra::testing {
 
-// Draws that make no chance event happen at luck 50: x lands on L, never on
-// the 3 of the fine and the cat or the 9 of the found money.
+// A draw that makes no chance event happen at luck 50 (x lands on L, never
+// on the 3 of the fine and the cat or the 9 of the found money). A source
+// that runs dry answers it too.
 inline constexpr double kCalm = 0.999;
+
+using Button = void (*)(Game &);
 
 // One game on a recording view, with every draw scripted by the test.
 struct PlayFixture : ::testing::Test
@@ -25,14 +29,22 @@ struct PlayFixture : ::testing::Test
     ScriptedRandom random;
     Game game{view, random};
 
-    // A fresh game as the main screen's load starts it: Tom and Lisa,
-    // sliders 50/50/50, her threshold `need` (21..35).
-    void newGame(int need = 21, SetupValues setup = {"Tom", 50, 50, 50})
+    // A fresh game on a fresh screen, as the main screen's load starts it:
+    // Tom and Lisa, sliders 50/50/50, her threshold `need` (21..35).
+    void newGame(int need = 21)
     {
-        game.setSetup(setup);
+        game.setSetup({"Tom", 50, 50, 50});
+        view = RecordingView();
+        random = ScriptedRandom();
         random.push({pick(1, 11), pick(2, 10), pick(need - 20, 15)});
         startFirstGame(game);
         view.clearCalls();
+    }
+
+    void calm(int draws)
+    {
+        for (int i = 0; i < draws; ++i)
+            random.push(kCalm);
     }
 
     // Select a row as the player would and press the action button.
@@ -43,22 +55,13 @@ struct PlayFixture : ::testing::Test
         onActionButton(game);
     }
 
-    std::vector<std::string> calls() const
+    // Calls as "Name(args)", in order; only those named when names are given.
+    std::vector<std::string> calls(std::initializer_list<const char *> names = {}) const
     {
         std::vector<std::string> out;
         for (const auto &c : view.calls)
-            out.push_back(c.str());
-        return out;
-    }
-
-    // Calls of the given names, in order, as "Name(args)".
-    std::vector<std::string> calls(std::initializer_list<const char *> names) const
-    {
-        std::vector<std::string> out;
-        for (const auto &c : view.calls)
-            for (const char *n : names)
-                if (c.name == n)
-                    out.push_back(c.str());
+            if (names.size() == 0 || std::find(names.begin(), names.end(), c.name) != names.end())
+                out.push_back(c.str());
         return out;
     }
 
@@ -70,7 +73,6 @@ struct PlayFixture : ::testing::Test
         return out;
     }
 
-    // Every scripted draw was used, and no more.
     void expectDrawsUsedUp() const
     {
         EXPECT_FALSE(random.overrun) << "the logic drew more often than scripted";

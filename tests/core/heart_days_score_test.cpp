@@ -9,230 +9,132 @@ using amorra::testing::ScriptedRandom;
 
 namespace {
 
-struct Fixture
+// A game in progress without going through Restart's draws.
+struct Core : ::testing::Test
 {
     RecordingView view;
     ScriptedRandom random;
     Game game{view, random};
+    GameState &s = game.state();
 
-    // A game in progress without going through Restart's draws.
-    Fixture()
+    void SetUp() override
     {
-        auto &s = game.state();
         s.heart = 10;
         s.money = 50;
         s.day = 1;
         s.player.player_name = "Tom";
-        s.girl.Gname = "Lisa";
         s.sound_on = true;
     }
 };
 
-struct HeartCase
+// h/5 segments rounded, the number kept within 0..100; 100 or more wins, 0 or less loses.
+TEST_F(Core, theHeartMeterShowsSegmentsNumberAndEndScreen)
 {
-    const char *name;
-    int heart;
-    int lit;
-    const char *label;
-    const char *endScreen; // "", "Win" or "Lose"
-};
-
-void PrintTo(const HeartCase &c, std::ostream *os)
-{
-    *os << c.name;
+    struct Row
+    {
+        int heart, lit;
+        const char *label, *end;
+    };
+    const Row table[] = {{7, 1, "7", ""},        {8, 2, "8", ""},          {1, 0, "1", ""},
+                         {99, 20, "99", ""},     {100, 20, "100", "Win"},  {105, 20, "100", "Win"},
+                         {0, 0, "0", "Lose"},    {-3, 0, "0", "Lose"}};
+    for (const Row &c : table) {
+        SCOPED_TRACE(c.heart);
+        view = RecordingView();
+        s.game_over = false;
+        s.action_count = 4;
+        s.spent_total = 100;
+        game.set_heart(c.heart);
+        EXPECT_EQ(view.heartLit, c.lit);
+        EXPECT_EQ(view.heartLabel, c.label);
+        EXPECT_EQ(view.callNames().back(), *c.end ? std::string("Show") + c.end : "SetHeartLabel");
+        EXPECT_EQ(s.game_over, *c.end != '\0');
+        EXPECT_EQ(view.mainEnabled, *c.end == '\0');
+    }
 }
 
-class HeartMeter : public ::testing::TestWithParam<HeartCase>
+TEST_F(Core, aWinFillsTheResultAndShowsItsThreeTexts)
 {
-};
-
-TEST_P(HeartMeter, showsSegmentsLabelAndEndScreenForTheValue)
-{
-    const HeartCase c = GetParam();
-    Fixture f;
-    auto &s = f.game.state();
-    s.action_count = 4;
-    s.spent_total = 100;
-    s.heart = static_cast<i16>(c.heart);
-    f.game.display_heart(s.heart);
-
-    EXPECT_EQ(f.view.heartLit, c.lit);
-    EXPECT_EQ(f.view.heartLabel, c.label);
-    const std::string end = c.endScreen;
-    EXPECT_EQ(f.view.countCalls("ShowWin"), end == "Win" ? 1 : 0);
-    EXPECT_EQ(f.view.countCalls("ShowLose"), end == "Lose" ? 1 : 0);
-    EXPECT_EQ(s.game_over, !end.empty());
-    EXPECT_EQ(f.view.mainEnabled, end.empty());
-}
-
-INSTANTIATE_TEST_SUITE_P(Values, HeartMeter,
-                         ::testing::Values(HeartCase{"seven_rounds_down", 7, 1, "7", ""},
-                                           HeartCase{"eight_rounds_up", 8, 2, "8", ""},
-                                           HeartCase{"ten_is_two_segments", 10, 2, "10", ""},
-                                           HeartCase{"half_segment_goes_to_even", 50, 10, "50", ""},
-                                           HeartCase{"twelve_and_a_half_percent_rounds_even", 2, 0, "2", ""},
-                                           HeartCase{"ninety_nine_is_twenty", 99, 20, "99", ""},
-                                           HeartCase{"hundred_wins", 100, 20, "100", "Win"},
-                                           HeartCase{"past_the_top_shows_100_and_wins", 105, 20, "100", "Win"},
-                                           HeartCase{"one_is_still_alive", 1, 0, "1", ""},
-                                           HeartCase{"zero_loses", 0, 0, "0", "Lose"},
-                                           HeartCase{"below_zero_shows_0_and_loses", -3, 0, "0", "Lose"}),
-                         [](const auto &info) { return std::string(info.param.name); });
-
-TEST(HeartMeter, lossShowsTheStandingTextAfterDisablingTheMain)
-{
-    Fixture f;
-    f.game.set_heart(-3);
-    const std::vector<std::string> expected = {"SetHeartBar", "SetHeartLabel", "EnableMain", "ShowLose"};
-    EXPECT_EQ(f.view.callNames(), expected);
-    EXPECT_EQ(f.view.calls.back().args.at(0), ""); // empty: the screen keeps "Sorry Buddy ..."
-}
-
-TEST(HeartMeter, winFillsTheResultAndShowsTheThreeTexts)
-{
-    Fixture f;
-    auto &s = f.game.state();
     s.day = 8;
     s.action_count = 40;
     s.spent_total = 355;
-    f.game.set_heart(104);
-
-    EXPECT_TRUE(s.game_over);
+    game.set_heart(104);
     EXPECT_EQ(s.result.result_score, 88028);
     EXPECT_EQ(s.result.result_name, "Tom");
     EXPECT_EQ(s.result.result_days, 8);
     EXPECT_EQ(s.result.result_spent, 355);
     EXPECT_FALSE(s.result.result_pending); // set only by the win screen's OK
-    ASSERT_EQ(f.view.countCalls("ShowWin"), 1);
-    const auto win = f.view.callsNamed("ShowWin").front();
-    EXPECT_EQ(win.args, (std::vector<std::string>{"Total Money Spent $355", "Total Days 8", "Your Score : 88028"}));
-    EXPECT_EQ(f.view.calls.at(f.view.calls.size() - 2).str(), "EnableMain(false)");
+    EXPECT_EQ(view.calls.back().str(), "ShowWin(Total Money Spent $355|Total Days 8|Your Score : 88028)");
 }
 
-TEST(HeartMeter, endScreensFireOnlyOncePerGame)
+TEST_F(Core, theGameEndsOnceThoughTheMeterAndTheDayGoOn)
 {
-    Fixture f;
-    auto &s = f.game.state();
     s.action_count = 1;
     s.spent_total = 5;
-    f.game.set_heart(100);
-    f.game.set_heart(120);
-    f.game.set_heart(-5); // a later penalty must not add a lose screen to a won game
-    f.game.advance_days(40);
-    EXPECT_EQ(f.view.countCalls("ShowWin"), 1);
-    EXPECT_EQ(f.view.countCalls("ShowLose"), 0);
-    EXPECT_EQ(f.view.heartLabel, "0"); // the meter still follows the heart
-    EXPECT_EQ(f.view.dayLabel, "Day 41");
+    game.set_heart(100);
+    game.set_heart(120);
+    game.set_heart(-5); // a later penalty must not add a lose screen to a won game
+    game.advance_days(40);
+    EXPECT_EQ(view.countCalls("ShowWin"), 1);
+    EXPECT_EQ(view.countCalls("ShowLose"), 0);
+    EXPECT_EQ(view.heartLabel, "0");
+    EXPECT_EQ(view.dayLabel, "Day 41");
 }
 
-TEST(HeartMeter, theChecksLookAtTheStoredHeartNotTheArgument)
+TEST_F(Core, theThirtiethDayEndsTheGame)
 {
-    Fixture f;
-    f.game.state().heart = 50;
-    f.game.display_heart(0); // a redraw with another number does not end the game
-    EXPECT_EQ(f.view.heartLabel, "0");
-    EXPECT_FALSE(f.game.state().game_over);
+    s.day = 28;
+    game.advance_days(1);
+    EXPECT_EQ(view.dayLabel, "Day 29");
+    EXPECT_FALSE(s.game_over); // day 29 is still played
+    game.advance_days(1);
+    EXPECT_EQ(view.dayLabel, "Day 30");
+    EXPECT_TRUE(s.game_over);
+    EXPECT_FALSE(view.mainEnabled);
+    EXPECT_EQ(view.callsNamed("ShowLose").at(0).args.at(0), " Hey Pal! you've been at it for a month. I think you should give up!!!");
 }
 
-struct ScoreCase
+TEST(Score, isTenBillionOverDaysPressesAndSpendingTruncated)
 {
-    const char *name;
-    int day, presses, spent;
-    double score;
-};
-
-void PrintTo(const ScoreCase &c, std::ostream *os)
-{
-    *os << c.name;
-}
-
-class Score : public ::testing::TestWithParam<ScoreCase>
-{
-};
-
-TEST_P(Score, isTenBillionOverDaysPressesAndSpendingTruncated)
-{
-    const ScoreCase c = GetParam();
-    EXPECT_EQ(computeScore(static_cast<i16>(c.day), static_cast<i16>(c.presses), static_cast<i16>(c.spent)), c.score);
-}
-
-INSTANTIATE_TEST_SUITE_P(Examples, Score,
-                         ::testing::Values(ScoreCase{"day8_40presses_355dollars", 8, 40, 355, 88028},
-                                           ScoreCase{"seven_hundred_spent_needs_a_wide_product", 10, 50, 700, 28571},
-                                           ScoreCase{"big_spender_over_a_month", 29, 300, 9000, 127},
-                                           ScoreCase{"fastest_thinkable_win", 1, 1, 5, 2000000000},
-                                           ScoreCase{"spending_past_16_bits_times_50", 3, 20, 32000, 5208}),
-                         [](const auto &info) { return std::string(info.param.name); });
-
-TEST(Days, theThirtiethDayEndsTheGameWithTheMonthText)
-{
-    Fixture f;
-    f.game.state().day = 28;
-    f.game.advance_days(1);
-    EXPECT_EQ(f.view.dayLabel, "Day 29");
-    EXPECT_FALSE(f.game.state().game_over); // day 29 is still played
-
-    f.view.clearCalls();
-    f.game.advance_days(1);
-    const std::vector<std::string> expected = {
-        "SetDayLabel(Day 30)",
-        "ShowLose( Hey Pal! you've been at it for a month. I think you should give up!!!)",
-        "EnableMain(false)",
+    struct Row
+    {
+        int day, presses, spent;
+        double score;
     };
-    std::vector<std::string> got;
-    for (const auto &c : f.view.calls)
-        got.push_back(c.str());
-    EXPECT_EQ(got, expected);
-    EXPECT_TRUE(f.game.state().game_over);
+    const Row table[] = {{8, 40, 355, 88028},
+                         {10, 50, 700, 28571}, // 700 x 50 needs more than 16 bits
+                         {29, 300, 9000, 127},
+                         {1, 1, 5, 2000000000},
+                         {3, 20, 32000, 5208}};
+    for (const Row &c : table) {
+        SCOPED_TRACE(c.score);
+        EXPECT_EQ(computeScore(static_cast<i16>(c.day), static_cast<i16>(c.presses), static_cast<i16>(c.spent)), c.score);
+    }
 }
 
-struct MoneyCase
+// The balance keeps its minus sign after the dollar and stops at the ends of 16 bits.
+TEST_F(Core, moneyChangesTheBalanceAndItsLabel)
 {
-    const char *name;
-    int before;
-    int amount;
-    int after;
-    const char *label;
-};
-
-void PrintTo(const MoneyCase &c, std::ostream *os)
-{
-    *os << c.name;
+    const int table[][3] = {{3, -5, -2}, {45, 300, 345}, {32700, 300, 32767}, {-32700, -300, -32768}};
+    for (const auto &c : table) {
+        SCOPED_TRACE(c[0]);
+        s.money = static_cast<i16>(c[0]);
+        game.add_money(c[1]);
+        EXPECT_EQ(s.money, c[2]);
+        EXPECT_EQ(view.moneyLabel, "Bank Balance: $" + std::to_string(c[2]));
+    }
 }
 
-class Money : public ::testing::TestWithParam<MoneyCase>
+TEST_F(Core, barsShowRoundedRatingsWithSmartPlusTenAndTheSpentLabel)
 {
-};
-
-TEST_P(Money, changesTheBalanceAndItsLabel)
-{
-    const MoneyCase c = GetParam();
-    Fixture f;
-    f.game.state().money = static_cast<i16>(c.before);
-    f.game.add_money(c.amount);
-    EXPECT_EQ(f.game.state().money, c.after);
-    EXPECT_EQ(f.view.moneyLabel, c.label);
-}
-
-INSTANTIATE_TEST_SUITE_P(Amounts, Money,
-                         ::testing::Values(MoneyCase{"pay", 50, -5, 45, "Bank Balance: $45"},
-                                           MoneyCase{"overdraw_keeps_the_minus_after_the_dollar", 3, -5, -2, "Bank Balance: $-2"},
-                                           MoneyCase{"earn", 45, 300, 345, "Bank Balance: $345"},
-                                           MoneyCase{"saturates_at_the_top_instead_of_wrapping", 32700, 300, 32767, "Bank Balance: $32767"},
-                                           MoneyCase{"saturates_at_the_bottom", -32700, -300, -32768, "Bank Balance: $-32768"}),
-                         [](const auto &info) { return std::string(info.param.name); });
-
-TEST(Stats, barsShowRoundedRatingsWithSmartPlusTenAndTheSpentLabel)
-{
-    Fixture f;
-    auto &p = f.game.state().player;
-    p.looks = 54.5;  // half to even: 54
-    p.smart = 71.5;  // 81.5 -> 82
-    p.luck = 52;
-    f.game.state().spent_total = 135;
-    f.game.updatestats();
-    EXPECT_EQ(f.view.calls.at(0).str(), "SetStatBars(54|82|52)");
-    EXPECT_EQ(f.view.calls.at(1).str(), "SetSpentLabel($135)");
+    s.player.looks = 54.5; // half to even: 54
+    s.player.smart = 71.5; // 81.5 -> 82
+    s.player.luck = 52;
+    s.spent_total = 135;
+    game.updatestats();
+    EXPECT_EQ(view.callNames().size(), 2u);
+    EXPECT_EQ(view.calls.at(0).str(), "SetStatBars(54|82|52)");
+    EXPECT_EQ(view.calls.at(1).str(), "SetSpentLabel($135)");
 }
 
 } // namespace
