@@ -10,22 +10,22 @@ namespace {
 
 struct FullGame : PlayFixture
 {
-    // A day at the noticeboard, every job offered and no event, taking
-    // the Parking Attendant's $50.
-    void workADay()
+    // A day at the noticeboard, every job offered and no event, taking the Parking Attendant's $50.
+    void workDays(int days)
     {
-        calm(8);
-        onGoToWork(game);
-        choose(1);
+        for (int i = 0; i < days; ++i) {
+            calm(8);
+            onGoToWork(game);
+            choose(1);
+        }
     }
 
     // "Take Her Out" with no event, then place `row` with outcome draw r of
     // the spread `of` (8 at luck 50, 3 for a place she likes).
     void dateAt(int row, int r, int of)
     {
-        random.push({kCalm, kCalm});
+        random.push({kCalm, kCalm, kCalm, pick(r, of)});
         onTakeHerOut(game);
-        random.push({kCalm, pick(r, of)});
         choose(row);
     }
 };
@@ -37,57 +37,42 @@ TEST_F(FullGame, fromTheSetupValuesToAMarkedRowInTheScoresFile)
 
     // A call: she refuses the first invitation, answers three questions, hangs up.
     onCallHer(game);
-    random.push(pick(5, 6));
+    random.push({pick(5, 6), pick(3, 10), pick(3, 10), pick(1, 10)});
     onAskOut(game);
-    EXPECT_EQ(view.talk, "Tom:  Do you want to go out some time?\r\nLisa: Nope.\r\nTom: OK.");
     EXPECT_FALSE(view.takeHerOutEnabled);
-    random.push({pick(3, 10), pick(3, 10), pick(1, 10)});
     choose(10); // gourmet food: she loves restaurants
-    EXPECT_EQ(view.talk, "Tom: Do you enjoy gourmet foods and fine wines?\r\nLisa: Definitely. I love checking out new restaurants");
     choose(11); // chocolate: she loves it
     choose(0);
     EXPECT_EQ(view.talk, "Tom: So do you like living here?\r\nLisa: I like it. Its nice here.\r\nLisa: I have to go now. BYE!!");
-    EXPECT_EQ(s.places[1].extra, "+");
-    EXPECT_EQ(s.gifts[2].extra, "+");
+    EXPECT_EQ(s.places[1].extra + s.gifts[2].extra, "++");
     EXPECT_EQ(s.heart, 16);
     EXPECT_EQ(s.day, 2);
-    EXPECT_TRUE(view.rows.empty());
 
     // The chocolates she said she loves: 16 + 12 + 50/25.
     random.push(kCalm);
     onBuyGift(game);
     choose(1);
-    EXPECT_EQ(view.talk, "Tom: I got something for you.\r\nLisa: Thank you so much. You remembered!");
     EXPECT_EQ(s.heart, 30);
     EXPECT_EQ(s.money, 5);
 
-    // With her last $5 he calls again and she says yes.
+    // With his last $5 he calls again and she says yes.
     onCallHer(game);
-    EXPECT_TRUE(view.askOutShown);
     onAskOut(game);
-    EXPECT_EQ(view.talk, "Tom:  Do you want to go out some time?\r\nLisa: OK. Come pick me up at 8.00 this Friday.\r\nTom: See you at 8.00.");
     EXPECT_TRUE(view.takeHerOutEnabled);
     EXPECT_EQ(s.money, 0);
 
-    for (int i = 0; i < 3; ++i)
-        workADay();
+    workDays(3);
     EXPECT_EQ(s.money, 150);
-    EXPECT_EQ(s.day, 5);
-
     dateAt(0, 3, 3); // the restaurant she likes: 30 + 12 + 50 x 0.12
-    EXPECT_EQ(view.talk, "Tom: Did you enjoy the dinner?\r\nLisa: Yeah, it was Fabulous ....");
     EXPECT_EQ(s.heart, 48);
     dateAt(7, 2, 8); // the drama: 48 + 5 + 2.5 = 55.5, half to even
     EXPECT_EQ(s.heart, 56);
     EXPECT_EQ(s.money, 2);
-
-    for (int i = 0; i < 3; ++i)
-        workADay();
+    workDays(3);
 
     // A hundred dollar bill on the way to her door; its OK gives main back.
     random.push({pick(9, 60), kCalm});
     onTakeHerOut(game);
-    EXPECT_FALSE(view.mainEnabled);
     EXPECT_EQ(s.money, 252);
     OnNoticeOk(game, NoticeKind::FoundMoney);
     view.closeScreen("FoundMoney");
@@ -95,53 +80,34 @@ TEST_F(FullGame, fromTheSetupValuesToAMarkedRowInTheScoresFile)
     random.push({kCalm, pick(3, 3)});
     choose(0); // five days after the last dinner: not boring
     EXPECT_EQ(s.heart, 74);
-
     dateAt(7, 3, 8);
-    EXPECT_EQ(s.heart, 86);
     dateAt(5, 3, 8);
-    EXPECT_EQ(view.talk, "Tom: Did you enjoy that?\r\nLisa: Yeah, I never had so much Fun ....");
     EXPECT_EQ(s.heart, 98);
     EXPECT_FALSE(s.game_over);
     dateAt(10, 3, 8); // the pub: 98 + 6 + 3 wins
     EXPECT_EQ(view.talk, "Tom: Did you like the Pub?\r\nLisa: Yeah, it was Great, I got wasted ....");
     expectDrawsUsedUp();
     EXPECT_EQ(view.countCalls("ShowNotice"), 1);
-
-    ASSERT_TRUE(s.game_over);
-    EXPECT_EQ(s.heart, 107);
-    EXPECT_EQ(s.day, 14);
-    EXPECT_EQ(s.action_count, 31);
-    EXPECT_EQ(s.spent_total, 436);
-    EXPECT_EQ(s.money, 14);
-    ASSERT_EQ(view.countCalls("ShowWin"), 1);
-    EXPECT_EQ(view.callsNamed("ShowWin").front().args,
-              (std::vector<std::string>{"Total Money Spent $436", "Total Days 14", "Your Score : 52847"}));
-    EXPECT_FALSE(view.mainEnabled);
+    EXPECT_EQ(std::vector<int>({s.heart, s.day, s.action_count, s.spent_total, s.money}), std::vector<int>({107, 14, 31, 436, 14}));
+    EXPECT_EQ(calls({"ShowWin"}), Strings{"ShowWin(Total Money Spent $436|Total Days 14|Your Score : 52847)"});
 
     // The win screen's OK hands the result to the Top 20 table, which
     // already holds a champion, an equal score and a small one.
     onWinOk(game);
-    EXPECT_TRUE(s.result.result_pending);
-    EXPECT_EQ(view.calls.back().str(), "ShowHighScores()");
     EXPECT_FALSE(view.mainEnabled); // the table's own OK gives it back
-
     TempDir dir;
     const std::string zed = dollarRecord("Zed", 90000, 3, 100), bob = dollarRecord("Bob", 52847, 20, 200), al = dollarRecord("Al", 100, 29, 60);
-    const std::string before = zed + bob + al;
-    dir.write("Scores", before);
+    dir.write("Scores", zed + bob + al);
     ScoreTable table;
     const HighScoreScreenData shown = openHighScores(s.result, table, dir.file("Scores"));
-
     EXPECT_FALSE(s.result.result_pending);
-    EXPECT_FALSE(shown.loadFailed);
-    EXPECT_FALSE(shown.saveFailed);
+    EXPECT_FALSE(shown.loadFailed || shown.saveFailed);
     EXPECT_EQ(shown.champion, "Zed");
     ASSERT_EQ(shown.rows.size(), 20u);
     EXPECT_EQ(shown.rows[1].cells, (std::array<std::string, 5>{"2", "Tom                 ", "14 Days", "$436", "52847"}));
     EXPECT_EQ(shown.rows[2].cells[1], "Bob                 "); // the new result ranks above the equal score
     for (size_t i = 0; i < shown.rows.size(); ++i)
         EXPECT_EQ(shown.rows[i].red, i == 1) << "rank " << i + 1;
-
     std::string after = zed + dollarRecord("Tom", 52847, 14, 436) + bob + al;
     for (int i = 0; i < 17; ++i)
         after += emptyScoreRecord();

@@ -11,18 +11,8 @@ using Shops = PlayFixture;
 // looks / 25; a gift she said she likes gives 12 + looks / 25, once.
 TEST_F(Shops, aGiftPleasesHerByPriceLooksAndWhatSheSaid)
 {
-    struct Row
-    {
-        const char *name;
-        int gift, price;
-        const char *opinion;
-        int heart;
-        double looks;
-        int heartAfter;
-        const char *reply, *opinionAfter;
-    };
-    const char *const likeIt = " I like it thank you!";
-    const char *const remembered = " Thank you so much. You remembered!";
+    struct Row { const char *name; int gift, price; const char *opinion; int heart; double looks; int heartAfter; const char *reply, *opinionAfter; };
+    const char *const likeIt = " I like it thank you!", *const remembered = " Thank you so much. You remembered!";
     const Row table[] = {
         {"flowers: 10 + 40/21 + 40/25 = 13.5 rounds up", 1, 40, "n", 10, 40, 14, likeIt, "n"},
         {"a CD under $100 counts a 21st", 4, 80, "n", 30, 0, 34, likeIt, "n"},
@@ -38,22 +28,20 @@ TEST_F(Shops, aGiftPleasesHerByPriceLooksAndWhatSheSaid)
     for (const Row &c : table) {
         SCOPED_TRACE(c.name);
         newGame();
-        state().heart = static_cast<i16>(c.heart);
-        state().player.looks = c.looks;
-        state().money = 5000;
-        state().gifts[c.gift].extra = c.opinion;
+        auto &s = state();
+        s.heart = static_cast<i16>(c.heart);
+        s.player.looks = c.looks;
+        s.money = 5000;
+        s.gifts[c.gift].extra = c.opinion;
         onBuyGift(game);
         view.clearCalls();
         choose(c.gift - 1);
-
-        EXPECT_EQ(state().heart, c.heartAfter);
+        EXPECT_EQ(s.heart, c.heartAfter);
         EXPECT_EQ(view.heartLabel, std::to_string(c.heartAfter));
         EXPECT_EQ(view.talk, std::string("Tom: I got something for you.\r\nLisa:") + c.reply);
-        EXPECT_EQ(state().gifts[c.gift].extra, c.opinionAfter);
-        EXPECT_EQ(state().money, 5000 - c.price);
-        EXPECT_EQ(state().spent_total, c.price);
-        EXPECT_EQ(state().gift_spent, c.price);
-        EXPECT_EQ(sounds(), std::vector<std::string>{"\\sounds\\cashrg.wav"});
+        EXPECT_EQ(s.gifts[c.gift].extra, c.opinionAfter);
+        EXPECT_EQ(std::vector<int>({s.money, s.spent_total, s.gift_spent}), std::vector<int>({5000 - c.price, c.price, c.price}));
+        EXPECT_EQ(sounds(), Strings{"\\sounds\\cashrg.wav"});
         EXPECT_TRUE(view.rows.empty());
     }
 }
@@ -62,12 +50,7 @@ TEST_F(Shops, aGiftPleasesHerByPriceLooksAndWhatSheSaid)
 // and her heart is 66 or more: 10 off, and gift spending forgiven in part.
 TEST_F(Shops, tooMuchOnGiftsWithAHighHeartFeelsLikeBuyingHerOff)
 {
-    struct Row
-    {
-        const char *name;
-        int heartBefore, spentBefore, giftSpentBefore; // before the $40 flowers, which add 2 at looks 0
-        int heartAfter, giftSpentAfter;
-    };
+    struct Row { const char *name; int heart, spent, giftSpent, heartAfter, giftSpentAfter; }; // before the $40 flowers, +2 at looks 0
     const Row table[] = {
         // 2500 spent, 2300 on gifts, heart 70: down to 60, and 2300 - 2300/7.5 = 1993.33.
         {"the worked example", 68, 2460, 2260, 60, 1993},
@@ -79,36 +62,30 @@ TEST_F(Shops, tooMuchOnGiftsWithAHighHeartFeelsLikeBuyingHerOff)
     for (const Row &c : table) {
         SCOPED_TRACE(c.name);
         newGame();
-        state().heart = static_cast<i16>(c.heartBefore);
-        state().player.looks = 0;
-        state().money = 5000;
-        state().spent_total = static_cast<i16>(c.spentBefore);
-        state().gift_spent = static_cast<i16>(c.giftSpentBefore);
+        auto &s = state();
+        s.heart = static_cast<i16>(c.heart);
+        s.player.looks = 0;
+        s.money = 5000;
+        s.spent_total = static_cast<i16>(c.spent);
+        s.gift_spent = static_cast<i16>(c.giftSpent);
         onBuyGift(game);
         choose(0);
-        const bool boughtOff = c.heartAfter < c.heartBefore;
-        EXPECT_EQ(state().heart, c.heartAfter);
-        EXPECT_EQ(state().gift_spent, c.giftSpentAfter);
-        EXPECT_EQ(calls({"ShowNotice"}), boughtOff ? std::vector<std::string>{"ShowNotice(TextNotice|Lisa: Are you tring to buy me off!!!)"}
-                                                   : std::vector<std::string>{});
+        const bool boughtOff = c.heartAfter < c.heart;
+        EXPECT_EQ(s.heart, c.heartAfter);
+        EXPECT_EQ(s.gift_spent, c.giftSpentAfter);
+        EXPECT_EQ(calls({"ShowNotice"}), boughtOff ? Strings{"ShowNotice(TextNotice|Lisa: Are you tring to buy me off!!!)"} : Strings{});
         EXPECT_EQ(sounds().size(), boughtOff ? 2u : 1u); // and a sigh
     }
 }
 
-// An item closes price/1000 of the way to 100 of its own rating only;
-// luck is kept whole, rounded half to even.
-TEST_F(Shops, anItemRaisesItsRatingTowardsAHundred)
+// An item closes price/1000 of the way to 100 of its own rating only; luck
+// is kept whole, rounded half to even. It is paid even when nothing changes.
+TEST_F(Shops, anItemRaisesItsOwnRatingTowardsAHundred)
 {
-    struct Row
-    {
-        const char *name;
-        int item, price, before;
-        double looks, smart;
-        int luck;
-    };
+    struct Row { const char *name; int item, price, before; double looks, smart; int luck; };
     const Row table[] = {
         {"an encyclopaedia closes a quarter", 6, 250, 40, 40, 55, 40},
-        {"a second one closes a quarter of the rest", 6, 250, 55, 55, 66.25, 55},
+        {"a second one a quarter of the rest", 6, 250, 55, 55, 66.25, 55},
         {"a new jacket keeps looks unrounded", 2, 350, 30, 54.5, 30, 30},
         {"a lucky stone at 50 rounds 52.5 down", 10, 50, 50, 50, 50, 52},
         {"a lucky stone at 51 rounds 53.45 down", 10, 50, 51, 51, 51, 53},
@@ -126,12 +103,10 @@ TEST_F(Shops, anItemRaisesItsRatingTowardsAHundred)
         onGoShopping(game);
         view.clearCalls();
         choose(c.item - 1);
-        EXPECT_EQ(p.looks, c.looks);
-        EXPECT_EQ(p.smart, c.smart);
-        EXPECT_EQ(p.luck, c.luck);
-        EXPECT_EQ(state().money, 5000 - c.price); // paid even when nothing changes
-        EXPECT_EQ(state().spent_total, 0);       // not money spent on her
-        EXPECT_EQ(sounds(), std::vector<std::string>{"\\sounds\\cashrg.wav"});
+        EXPECT_EQ(std::vector<double>({p.looks, p.smart, static_cast<double>(p.luck)}), std::vector<double>({c.looks, c.smart, static_cast<double>(c.luck)}));
+        EXPECT_EQ(state().money, 5000 - c.price);
+        EXPECT_EQ(state().spent_total, 0); // not money spent on her
+        EXPECT_EQ(sounds(), Strings{"\\sounds\\cashrg.wav"});
     }
 }
 

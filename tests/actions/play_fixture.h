@@ -2,7 +2,6 @@
 
 #include "actions/action_steps.h"
 #include "actions/actions.h"
-#include "core/game.h"
 #include "core/game_flow.h"
 #include "support/scripted_random.h"
 #include "view/recording_view.h"
@@ -15,12 +14,12 @@
 
 namespace amorra::testing {
 
-// A draw that makes no chance event happen at luck 50 (x lands on L, never
-// on the 3 of the fine and the cat or the 9 of the found money). A source
-// that runs dry answers it too.
+// A draw that makes no chance event happen at luck 0..100 (x lands on L,
+// never on the 3 of the fine and the cat or the 9 of the found money).
 inline constexpr double kCalm = 0.999;
 
 using Button = void (*)(Game &);
+using Strings = std::vector<std::string>;
 
 // One game on a recording view, with every draw scripted by the test.
 struct PlayFixture : ::testing::Test
@@ -29,23 +28,19 @@ struct PlayFixture : ::testing::Test
     ScriptedRandom random;
     Game game{view, random};
 
-    // A fresh game on a fresh screen, as the main screen's load starts it:
+    // A fresh game on a fresh screen as the main screen's load starts it:
     // Tom and Lisa, sliders 50/50/50, her threshold `need` (21..35).
-    void newGame(int need = 21)
+    GameState &newGame(int need = 21)
     {
-        game.setSetup({"Tom", 50, 50, 50});
         view = RecordingView();
-        random = ScriptedRandom();
-        random.push({pick(1, 11), pick(2, 10), pick(need - 20, 15)});
+        random = ScriptedRandom{pick(1, 11), pick(2, 10), pick(need - 20, 15)};
+        game.setSetup({"Tom", 50, 50, 50});
         startFirstGame(game);
         view.clearCalls();
+        return game.state();
     }
-
-    void calm(int draws)
-    {
-        for (int i = 0; i < draws; ++i)
-            random.push(kCalm);
-    }
+    void calm(int draws) { random.push(kCalm, draws); }
+    GameState &state() { return game.state(); }
 
     // Select a row as the player would and press the action button.
     void choose(int row)
@@ -55,19 +50,19 @@ struct PlayFixture : ::testing::Test
         onActionButton(game);
     }
 
-    // Calls as "Name(args)", in order; only those named when names are given.
-    std::vector<std::string> calls(std::initializer_list<const char *> names = {}) const
+    // Calls as "Name(args)", in order; with names, only calls of those.
+    Strings calls(std::initializer_list<const char *> names = {}) const
     {
-        std::vector<std::string> out;
+        Strings out;
         for (const auto &c : view.calls)
             if (names.size() == 0 || std::find(names.begin(), names.end(), c.name) != names.end())
                 out.push_back(c.str());
         return out;
     }
 
-    std::vector<std::string> sounds() const
+    Strings sounds() const
     {
-        std::vector<std::string> out;
+        Strings out;
         for (const auto &c : view.callsNamed("PlaySound"))
             out.push_back(c.args.at(0));
         return out;
@@ -78,8 +73,6 @@ struct PlayFixture : ::testing::Test
         EXPECT_FALSE(random.overrun) << "the logic drew more often than scripted";
         EXPECT_EQ(random.remaining(), 0u) << "the logic drew less often than scripted";
     }
-
-    GameState &state() { return game.state(); }
 };
 
 } // namespace amorra::testing

@@ -5,24 +5,16 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 using namespace amorra;
 using amorra::testing::TempDir;
 
 namespace {
 
-// Overspending is taken from the two partners, half the excess (rounded
-// half to even) from each; the label is written only when points are left.
+// Overspending is taken from the two partners, half the excess (rounded half
+// to even) from each; the label is written only when no points are overspent.
 TEST(Sliders, shareOneHundredFiftyPointsAtThePartnersExpense)
 {
-    struct Row
-    {
-        const char *name;
-        Slider moved;
-        SliderValues before, after; // before: after the move, before the correction
-        const char *label;          // "": the label keeps its text
-    };
+    struct Row { const char *name; Slider moved; SliderValues before, after; const char *label; }; // "": the label keeps its text
     const Row table[] = {
         {"looks up ten takes five from each", Slider::Looks, {60, 50, 50}, {60, 45, 45}, ""},
         {"an excess of one corrects nothing", Slider::Looks, {51, 50, 50}, {51, 50, 50}, ""},
@@ -44,30 +36,33 @@ TEST(Sliders, shareOneHundredFiftyPointsAtThePartnersExpense)
 // filled with spaces to 20 bytes.
 TEST(LastFile, remembersTheNameInTwentyBytes)
 {
-    const char *const table[][4] = {
-        {"trimmed and padded", "  Tom  ", "Tom                 ", "Tom"},
-        {"accents take one byte each", "Jos\xC3\xA9 \xE2\x82\xAC", "Jos\xE9 \x80              ", "Jos\xC3\xA9 \xE2\x82\xAC"},
-        {"cut at twenty", "ABCDEFGHIJKLMNOPQRSTUVWXY", "ABCDEFGHIJKLMNOPQRST", "ABCDEFGHIJKLMNOPQRST"},
-        {"only spaces read blank", "     ", "                    ", ""},
+    const char *const table[][3] = {
+        {"  Tom  ", "Tom                 ", "Tom"},
+        {"Jos\xC3\xA9 \xE2\x82\xAC", "Jos\xE9 \x80              ", "Jos\xC3\xA9 \xE2\x82\xAC"},
+        {"ABCDEFGHIJKLMNOPQRSTUVWXY", "ABCDEFGHIJKLMNOPQRST", "ABCDEFGHIJKLMNOPQRST"},
+        {"     ", "                    ", ""},
     };
-    for (const auto &c : table) {
-        SCOPED_TRACE(c[0]);
+    for (const auto &[typed, stored, shown] : table) {
+        SCOPED_TRACE(typed);
         TempDir dir;
-        ASSERT_TRUE(writeLastName(dir.file("last"), c[1]));
-        EXPECT_EQ(dir.read("last"), c[2]);
-        EXPECT_EQ(readLastName(dir.file("last")), c[3]);
+        ASSERT_TRUE(writeLastName(dir.file("last"), typed));
+        EXPECT_EQ(dir.read("last"), stored);
+        EXPECT_EQ(readLastName(dir.file("last")), shown);
     }
 }
 
-// Whatever the file holds reads as something harmless and stays as it was.
+// Whatever the file holds reads as something harmless, and stays as it was.
 TEST(LastFile, aDamagedFileReadsAsSomethingHarmless)
 {
     const std::string spaces(14, ' ');
+    std::string yDiaeresis;
+    for (int i = 0; i < 20; ++i)
+        yDiaeresis += "\xC3\xBF";
     const std::pair<std::string, std::string> table[] = {
         {"", ""},
         {"Tom", ""}, // shorter than a record
         {"Tom                 EXTRA", "Tom"},
-        {std::string(20, '\xFF'), [] { std::string s; for (int i = 0; i < 20; ++i) s += "\xC3\xBF"; return s; }()},
+        {std::string(20, '\xFF'), yDiaeresis},
         {"\x01Tom\x81\x7F" + spaces, "?Tom??"},
         {"\x81\x8D\x8F\x90\x9D" + spaces + " ", "?????"}, // the five bytes Windows-1252 leaves unassigned
         {std::string(20, '\0'), ""},
@@ -87,25 +82,22 @@ TEST(LastFile, aMissingFileIsCreatedEmptyAndADirectoryIsLeftAlone)
     EXPECT_EQ(readLastName(dir.file("last")), "");
     EXPECT_TRUE(std::filesystem::is_regular_file(dir.file("last")));
     EXPECT_EQ(dir.read("last"), "");
-
     std::filesystem::create_directory(dir.file("dir"));
     EXPECT_EQ(readLastName(dir.file("dir")), "");
     EXPECT_FALSE(writeLastName(dir.file("dir"), "Tom"));
     EXPECT_TRUE(std::filesystem::is_directory(dir.file("dir")));
 }
 
-// One little-endian 16-bit value; 1 shows the guide. Missing or short reads 0.
+// One little-endian 16-bit value; 1 shows the guide. A missing file is
+// created and, like a short one, reads 0.
 TEST(TuteShowFile, holdsOneLittleEndianSixteenBitValue)
 {
-    const std::pair<std::string, int> table[] = {{std::string("\x01\x00", 2), 1},    {std::string("\x00\x00", 2), 0},
-                                                 {std::string("\x00\x01", 2), 256},  {"\xFF\xFF", -1},
-                                                 {"", 0},                            {"\x01", 0},
-                                                 {std::string("\x01\x00zz", 4), 1}};
+    const std::pair<std::string, int> table[] = {{std::string("\x01\x00", 2), 1}, {std::string("\x00\x00", 2), 0}, {std::string("\x00\x01", 2), 256},
+                                                 {"\xFF\xFF", -1}, {"", 0}, {"\x01", 0}, {std::string("\x01\x00zz", 4), 1}};
     for (const auto &[bytes, value] : table) {
-        SCOPED_TRACE(value);
         TempDir dir;
         dir.write("tuteshow", bytes);
-        EXPECT_EQ(readTuteShow(dir.file("tuteshow")), value);
+        EXPECT_EQ(readTuteShow(dir.file("tuteshow")), value) << value;
     }
     TempDir dir;
     EXPECT_EQ(readTuteShow(dir.file("tuteshow")), 0);
@@ -115,28 +107,19 @@ TEST(TuteShowFile, holdsOneLittleEndianSixteenBitValue)
     EXPECT_EQ(readTuteShow(dir.file("tuteshow")), -2);
 }
 
-TEST(Cp1252, roundTripsEveryAssignedByte)
+TEST(Cp1252, roundTripsEveryAssignedByteAndMarksTheRest)
 {
     std::string all;
     for (int b = 0x20; b <= 0xFF; ++b)
         if (b != 0x7F && b != 0x81 && b != 0x8D && b != 0x8F && b != 0x90 && b != 0x9D)
             all += static_cast<char>(b);
     EXPECT_EQ(toCp1252(fromCp1252(all)), all);
-}
-
-TEST(Cp1252, unmappableAndBrokenTextBecomesQuestionMarks)
-{
     const std::pair<const char *, const char *> table[] = {
-        {"\xE4\xB8\xAD", "?"},    // a CJK character
-        {"A\xC3", "A?"},          // a cut-off sequence
-        {"\x80Z", "?Z"},          // a stray continuation byte
-        {"\xF0\x9F\x98\x80", "?"}, // an emoji
-        {"\xC2\x80", "?"},        // U+0080, a control that byte 0x80 does not stand for
+        {"\xE4\xB8\xAD", "?"}, {"A\xC3", "A?"}, {"\x80Z", "?Z"}, {"\xF0\x9F\x98\x80", "?"}, // CJK, cut off, stray continuation, emoji
+        {"\xC2\x80", "?"}, // U+0080, a control that byte 0x80 does not stand for
     };
-    for (const auto &[utf8, bytes] : table) {
-        SCOPED_TRACE(bytes);
-        EXPECT_EQ(toCp1252(utf8), bytes);
-    }
+    for (const auto &[utf8, bytes] : table)
+        EXPECT_EQ(toCp1252(utf8), bytes) << utf8;
 }
 
 } // namespace

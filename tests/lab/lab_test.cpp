@@ -8,47 +8,42 @@ using namespace amorra::lab;
 
 namespace {
 
-LabConfig run(std::uint64_t seed, int games, std::vector<std::string> strategies = strategyNames())
+LabRun play(std::uint64_t seed, int games, std::vector<std::string> strategies = strategyNames())
 {
     LabConfig c;
     c.seed = seed;
     c.games = games;
     c.strategies = std::move(strategies);
-    return c;
+    return runLab(c);
 }
 
 // A player who leaves a notice unanswered, or a strategy that stops
 // clicking, would leave games hanging at the click limit.
 TEST(LabRun, everyGameEndsOnAnEndScreenAndTheSeedDecidesTheGames)
 {
-    const LabRun first = runLab(run(42, 200));
-    ASSERT_EQ(first.rows.size(), 4u * 200u);
-    for (const GameRow &r : first.rows) {
-        SCOPED_TRACE(r.strategy + " game " + std::to_string(r.game));
-        ASSERT_NE(r.outcome, Outcome::Stuck);
-        EXPECT_TRUE(r.outcome != Outcome::LostMonth || r.days == 30);
-        EXPECT_EQ(r.outcome == Outcome::Won, r.score > 0);
+    const LabRun run = play(42, 200);
+    ASSERT_EQ(run.rows.size(), 4u * 200u);
+    for (const GameRow &r : run.rows) {
+        ASSERT_NE(r.outcome, Outcome::Stuck) << r.strategy << " game " << r.game;
+        EXPECT_TRUE(r.outcome != Outcome::LostMonth || r.days == 30) << r.strategy << " game " << r.game;
+        EXPECT_EQ(r.outcome == Outcome::Won, r.score > 0) << r.strategy << " game " << r.game;
     }
-    EXPECT_EQ(formatCsv(first.rows), formatCsv(runLab(run(42, 200)).rows));
-    EXPECT_NE(formatCsv(first.rows), formatCsv(runLab(run(43, 200)).rows));
+    EXPECT_EQ(formatCsv(run.rows), formatCsv(play(42, 200).rows));
+    EXPECT_NE(formatCsv(run.rows), formatCsv(play(43, 200).rows));
 }
 
 TEST(LabRun, theBestStrategyWinsMoreAndScoresHigherThanTheSweetTalker)
 {
-    const auto s = summarise(runLab(run(3, 400, {"sweet-talker", "best"})).rows);
+    const auto s = summarise(play(3, 400, {"sweet-talker", "best"}).rows);
     ASSERT_EQ(s.size(), 2u);
     EXPECT_GT(s[1].wins, s[0].wins);
     EXPECT_GT(s[1].medianScore, s[0].medianScore);
 }
 
-int opinion(const std::string &mark)
-{
-    return mark == "+" ? 1 : mark == "-" ? -1 : 0;
-}
-
 // What the lab's players believe she said must be what the game wrote down.
 TEST(HerTastes, matchTheOpinionsTheGameRecordsAfterEveryQuestion)
 {
+    const auto opinion = [](const std::string &mark) { return mark == "+" ? 1 : mark == "-" ? -1 : 0; };
     for (std::uint64_t seed = 1; seed <= 40; ++seed) {
         SCOPED_TRACE(seed);
         Player p;
@@ -56,14 +51,11 @@ TEST(HerTastes, matchTheOpinionsTheGameRecordsAfterEveryQuestion)
         HerTastes t;
         for (int q = 0; q < kQuestionCount; ++q) {
             p.confirmWindows();
-            const bool calling = p.listTitle() == "Things to ask her" && p.rowCount() > 0;
-            ASSERT_TRUE(calling || p.press(Button::CallHer));
+            ASSERT_TRUE((p.listTitle() == "Things to ask her" && p.rowCount() > 0) || p.press(Button::CallHer));
             p.confirmWindows();
-            ASSERT_TRUE(p.pickRow(q));
-            ASSERT_TRUE(p.press(Button::Action));
+            ASSERT_TRUE(p.pickRow(q) && p.press(Button::Action));
             ASSERT_NE(HerTastes::answerShown(q, p.talk()), 0) << "question " << q;
             t.learn(q, p.talk());
-            EXPECT_TRUE(t.asked[static_cast<size_t>(q)]);
         }
         const GameState &s = p.game().state();
         for (size_t i = 1; i <= 11; ++i) {
@@ -75,7 +67,6 @@ TEST(HerTastes, matchTheOpinionsTheGameRecordsAfterEveryQuestion)
 
 TEST(RowPrice, readsTheAmountAfterTheDollar)
 {
-    EXPECT_EQ(rowPrice("Flowers        \t$40"), 40);
     EXPECT_EQ(rowPrice("Bank Teller \t$200\tNOT available today"), 200);
     EXPECT_EQ(rowPrice("Do you smoke?"), -1);
 }
