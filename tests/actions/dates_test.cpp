@@ -35,11 +35,7 @@ TEST_F(Dates, herOpinionHisLuckAndHisLooksDecideTheDate)
     };
     for (const Row &c : table) {
         SCOPED_TRACE(c.name);
-        auto &s = newGame();
-        s.player.luck = static_cast<i16>(c.luck);
-        s.player.looks = c.looks;
-        s.heart = static_cast<i16>(c.heart);
-        s.money = 500;
+        auto &s = newGame(c.heart, 500, c.looks, c.luck);
         s.places[c.place].extra = c.opinion;
         s.last_visit[c.place] = static_cast<i16>(c.lastVisit);
         calm(3);

@@ -33,10 +33,7 @@ TEST_F(Events, chanceEventsFollowLuckAndTheBalance)
             {"game over", from, false, true, true},      {"sound off", to, true, false, false}};
         for (const auto &d : draws) {
             SCOPED_TRACE(std::string(c.name) + ", " + d.what);
-            newGame();
-            state().player.luck = static_cast<i16>(c.luck);
-            state().money = static_cast<i16>(c.money);
-            state().game_over = d.over;
+            newGame(10, c.money, 50, c.luck).game_over = d.over;
             state().sound_on = d.sound;
             random.push(d.r);
             c.event(game);
@@ -90,9 +87,7 @@ TEST_F(Events, anOkAppliesItsPenaltyAndGivesMainBackOnlyWhenNothingElseIsOpen)
     };
     for (const Row &c : table) {
         SCOPED_TRACE(c.name);
-        newGame();
-        state().heart = static_cast<i16>(c.heart);
-        state().game_over = c.heart <= 0 || c.heart >= 100;
+        newGame(c.heart).game_over = c.heart <= 0 || c.heart >= 100;
         view.openScreens = c.open;
         view.mainEnabled = false;
         c.ok(game);

@@ -10,7 +10,7 @@ namespace {
 
 struct FullGame : PlayFixture
 {
-    // A day at the noticeboard, every job offered and no event, taking the Parking Attendant's $50.
+    // Days at the noticeboard, every job offered and no event, taking the Parking Attendant's $50.
     void workDays(int days)
     {
         for (int i = 0; i < days; ++i) {
@@ -20,8 +20,8 @@ struct FullGame : PlayFixture
         }
     }
 
-    // "Take Her Out" with no event, then place `row` with outcome draw r of
-    // the spread `of` (8 at luck 50, 3 for a place she likes).
+    // "Take Her Out" with no event, then place `row` with outcome r of the
+    // spread `of` (8 at luck 50, 3 for a place she likes).
     void dateAt(int row, int r, int of)
     {
         random.push({kCalm, kCalm, kCalm, pick(r, of)});
@@ -32,60 +32,41 @@ struct FullGame : PlayFixture
 
 TEST_F(FullGame, fromTheSetupValuesToAMarkedRowInTheScoresFile)
 {
-    newGame(21);
-    auto &s = state();
-
+    auto &s = newGame();
     // A call: she refuses the first invitation, answers three questions, hangs up.
     onCallHer(game);
     random.push({pick(5, 6), pick(3, 10), pick(3, 10), pick(1, 10)});
     onAskOut(game);
-    EXPECT_FALSE(view.takeHerOutEnabled);
     choose(10); // gourmet food: she loves restaurants
     choose(11); // chocolate: she loves it
     choose(0);
-    EXPECT_EQ(view.talk, "Tom: So do you like living here?\r\nLisa: I like it. Its nice here.\r\nLisa: I have to go now. BYE!!");
     EXPECT_EQ(s.places[1].extra + s.gifts[2].extra, "++");
-    EXPECT_EQ(s.heart, 16);
-    EXPECT_EQ(s.day, 2);
-
-    // The chocolates she said she loves: 16 + 12 + 50/25.
+    EXPECT_EQ(std::vector<int>({s.heart, s.day}), std::vector<int>({16, 2}));
     random.push(kCalm);
     onBuyGift(game);
-    choose(1);
-    EXPECT_EQ(s.heart, 30);
-    EXPECT_EQ(s.money, 5);
-
-    // With his last $5 he calls again and she says yes.
-    onCallHer(game);
+    choose(1); // the chocolates she said she loves: 16 + 12 + 50/25
+    EXPECT_EQ(std::vector<int>({s.heart, s.money}), std::vector<int>({30, 5}));
+    onCallHer(game); // with his last $5; now she says yes
     onAskOut(game);
     EXPECT_TRUE(view.takeHerOutEnabled);
-    EXPECT_EQ(s.money, 0);
 
     workDays(3);
-    EXPECT_EQ(s.money, 150);
     dateAt(0, 3, 3); // the restaurant she likes: 30 + 12 + 50 x 0.12
     EXPECT_EQ(s.heart, 48);
     dateAt(7, 2, 8); // the drama: 48 + 5 + 2.5 = 55.5, half to even
-    EXPECT_EQ(s.heart, 56);
-    EXPECT_EQ(s.money, 2);
+    EXPECT_EQ(std::vector<int>({s.heart, s.money}), std::vector<int>({56, 2}));
     workDays(3);
-
-    // A hundred dollar bill on the way to her door; its OK gives main back.
-    random.push({pick(9, 60), kCalm});
+    random.push({pick(9, 60), kCalm, kCalm, pick(3, 3)}); // a hundred dollar bill on the way to her door
     onTakeHerOut(game);
     EXPECT_EQ(s.money, 252);
     OnNoticeOk(game, NoticeKind::FoundMoney);
     view.closeScreen("FoundMoney");
-    EXPECT_TRUE(view.mainEnabled);
-    random.push({kCalm, pick(3, 3)});
     choose(0); // five days after the last dinner: not boring
-    EXPECT_EQ(s.heart, 74);
     dateAt(7, 3, 8);
     dateAt(5, 3, 8);
     EXPECT_EQ(s.heart, 98);
     EXPECT_FALSE(s.game_over);
     dateAt(10, 3, 8); // the pub: 98 + 6 + 3 wins
-    EXPECT_EQ(view.talk, "Tom: Did you like the Pub?\r\nLisa: Yeah, it was Great, I got wasted ....");
     expectDrawsUsedUp();
     EXPECT_EQ(view.countCalls("ShowNotice"), 1);
     EXPECT_EQ(std::vector<int>({s.heart, s.day, s.action_count, s.spent_total, s.money}), std::vector<int>({107, 14, 31, 436, 14}));
@@ -94,18 +75,15 @@ TEST_F(FullGame, fromTheSetupValuesToAMarkedRowInTheScoresFile)
     // The win screen's OK hands the result to the Top 20 table, which
     // already holds a champion, an equal score and a small one.
     onWinOk(game);
-    EXPECT_FALSE(view.mainEnabled); // the table's own OK gives it back
     TempDir dir;
     const std::string zed = dollarRecord("Zed", 90000, 3, 100), bob = dollarRecord("Bob", 52847, 20, 200), al = dollarRecord("Al", 100, 29, 60);
     dir.write("Scores", zed + bob + al);
     ScoreTable table;
     const HighScoreScreenData shown = openHighScores(s.result, table, dir.file("Scores"));
-    EXPECT_FALSE(s.result.result_pending);
-    EXPECT_FALSE(shown.loadFailed || shown.saveFailed);
+    EXPECT_FALSE(s.result.result_pending || shown.loadFailed || shown.saveFailed);
     EXPECT_EQ(shown.champion, "Zed");
     ASSERT_EQ(shown.rows.size(), 20u);
-    EXPECT_EQ(shown.rows[1].cells, (std::array<std::string, 5>{"2", "Tom                 ", "14 Days", "$436", "52847"}));
-    EXPECT_EQ(shown.rows[2].cells[1], "Bob                 "); // the new result ranks above the equal score
+    EXPECT_EQ(shown.rows[1].cells, (std::array<std::string, 5>{"2", "Tom                 ", "14 Days", "$436", "52847"})); // above the equal score
     for (size_t i = 0; i < shown.rows.size(); ++i)
         EXPECT_EQ(shown.rows[i].red, i == 1) << "rank " << i + 1;
     std::string after = zed + dollarRecord("Tom", 52847, 14, 436) + bob + al;

@@ -27,11 +27,7 @@ TEST_F(Shops, aGiftPleasesHerByPriceLooksAndWhatSheSaid)
     };
     for (const Row &c : table) {
         SCOPED_TRACE(c.name);
-        newGame();
-        auto &s = state();
-        s.heart = static_cast<i16>(c.heart);
-        s.player.looks = c.looks;
-        s.money = 5000;
+        auto &s = newGame(c.heart, 5000, c.looks);
         s.gifts[c.gift].extra = c.opinion;
         onBuyGift(game);
         view.clearCalls();
@@ -61,11 +57,7 @@ TEST_F(Shops, tooMuchOnGiftsWithAHighHeartFeelsLikeBuyingHerOff)
     };
     for (const Row &c : table) {
         SCOPED_TRACE(c.name);
-        newGame();
-        auto &s = state();
-        s.heart = static_cast<i16>(c.heart);
-        s.player.looks = 0;
-        s.money = 5000;
+        auto &s = newGame(c.heart, 5000, 0);
         s.spent_total = static_cast<i16>(c.spent);
         s.gift_spent = static_cast<i16>(c.giftSpent);
         onBuyGift(game);
@@ -95,11 +87,8 @@ TEST_F(Shops, anItemRaisesItsOwnRatingTowardsAHundred)
     };
     for (const Row &c : table) {
         SCOPED_TRACE(c.name);
-        newGame();
-        auto &p = state().player;
-        p.looks = p.smart = c.before;
-        p.luck = static_cast<i16>(c.before);
-        state().money = 5000;
+        auto &p = newGame(10, 5000, c.before, c.before).player;
+        p.smart = c.before;
         onGoShopping(game);
         view.clearCalls();
         choose(c.item - 1);

@@ -16,8 +16,7 @@ TEST_F(Phone, sheSaysYesOnceTheHeartReachesHerThreshold)
                          {21, 0, "Lisa: OK. Come pick me up at 8.00 this Friday.\r\nTom: See you at 8.00."}};
     for (const Row &c : table) {
         SCOPED_TRACE(c.answer);
-        newGame(21);
-        state().heart = static_cast<i16>(c.heart);
+        newGame(c.heart);
         onCallHer(game);
         if (c.excuse)
             random.push(pick(c.excuse, 6));
@@ -49,8 +48,7 @@ TEST_F(Phone, herAnswersMarkWhatSheLikesAndAskingRaisesHerHeart)
     };
     for (const Row &c : table) {
         SCOPED_TRACE(c.answer);
-        auto &s = newGame();
-        s.heart = static_cast<i16>(c.heart);
+        auto &s = newGame(c.heart);
         s.action_count = 10;
         onCallHer(game);
         random.push(pick(c.d, 10));
@@ -73,8 +71,7 @@ TEST_F(Phone, herAnswersMarkWhatSheLikesAndAskingRaisesHerHeart)
 // in a later call, ends the call and the day. A repeat draws no answer.
 TEST_F(Phone, theThirdQuestionEndsTheCallAndTheDayAndARepeatCostsEight)
 {
-    newGame();
-    state().heart = 30;
+    newGame(30);
     onCallHer(game);
     random.push({pick(1, 10), pick(1, 10), kCalm, kCalm});
     choose(0);

@@ -28,16 +28,21 @@ struct PlayFixture : ::testing::Test
     ScriptedRandom random;
     Game game{view, random};
 
-    // A fresh game on a fresh screen as the main screen's load starts it:
-    // Tom and Lisa, sliders 50/50/50, her threshold `need` (21..35).
-    GameState &newGame(int need = 21)
+    // A fresh game on a fresh screen as the main screen's load starts it (Tom
+    // and Lisa, sliders 50/50/50, her threshold 21), then the given figures.
+    GameState &newGame(int heart = 10, int money = 50, double looks = 50, int luck = 50)
     {
         view = RecordingView();
-        random = ScriptedRandom{pick(1, 11), pick(2, 10), pick(need - 20, 15)};
+        random = ScriptedRandom{pick(1, 11), pick(2, 10), pick(1, 15)};
         game.setSetup({"Tom", 50, 50, 50});
         startFirstGame(game);
         view.clearCalls();
-        return game.state();
+        GameState &s = game.state();
+        s.heart = static_cast<i16>(heart);
+        s.money = static_cast<i16>(money);
+        s.player.looks = looks;
+        s.player.luck = static_cast<i16>(luck);
+        return s;
     }
     void calm(int draws) { random.push(kCalm, draws); }
     GameState &state() { return game.state(); }

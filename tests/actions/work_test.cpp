@@ -15,8 +15,7 @@ TEST_F(Work, jobsAreOfferedByLuckOneDrawEach)
     const Row table[] = {{0, 0.909, 0.91}, {50, 0.1639, 0.164}, {100, 0.09, 0.0901}, {-1, 0.999, 0.999}};
     for (const Row &c : table) {
         SCOPED_TRACE(c.luck);
-        newGame();
-        state().player.luck = static_cast<i16>(c.luck);
+        newGame(10, 50, 50, c.luck);
         random.push({c.below, c.above, c.below, c.above, c.above, c.below, kCalm, kCalm});
         onGoToWork(game);
         const bool any = c.luck >= 0; // at luck -1 the span is 10 and no draw gets past it

@@ -7,6 +7,7 @@
 
 using namespace amorra;
 using amorra::testing::pick;
+using Strings = std::vector<std::string>;
 
 namespace {
 
@@ -48,52 +49,47 @@ TEST_F(Core, theHeartMeterShowsSegmentsNumberAndEndScreen)
     }
 }
 
-TEST_F(Core, aWinFillsTheResultAndShowsItsThreeTexts)
-{
-    s.day = 8;
-    s.action_count = 40;
-    s.spent_total = 355;
-    game.set_heart(104);
-    EXPECT_EQ(s.result.result_score, 88028);
-    EXPECT_EQ(s.result.result_name, "Tom");
-    EXPECT_EQ(s.result.result_days, 8);
-    EXPECT_EQ(s.result.result_spent, 355);
-    EXPECT_FALSE(s.result.result_pending); // set only by the win screen's OK
-    EXPECT_EQ(view.calls.back().str(), "ShowWin(Total Money Spent $355|Total Days 8|Your Score : 88028)");
-}
-
-TEST_F(Core, theGameEndsOnceThoughTheMeterAndTheDayGoOn)
-{
-    s.action_count = 1;
-    s.spent_total = 5;
-    for (const int heart : {100, 120, -5}) // a later penalty must not add a lose screen to a won game
-        game.set_heart(heart);
-    game.advance_days(40);
-    EXPECT_EQ(view.countCalls("ShowWin"), 1);
-    EXPECT_EQ(view.countCalls("ShowLose"), 0);
-    EXPECT_EQ(view.heartLabel, "0");
-    EXPECT_EQ(view.dayLabel, "Day 41");
-}
-
-TEST_F(Core, theThirtiethDayEndsTheGame)
-{
-    s.day = 28;
-    game.advance_days(1);
-    EXPECT_EQ(view.dayLabel, "Day 29");
-    EXPECT_FALSE(s.game_over); // day 29 is still played
-    game.advance_days(1);
-    EXPECT_EQ(view.dayLabel, "Day 30");
-    EXPECT_TRUE(s.game_over);
-    EXPECT_FALSE(view.mainEnabled);
-    EXPECT_EQ(view.callsNamed("ShowLose").at(0).args.at(0), " Hey Pal! you've been at it for a month. I think you should give up!!!");
-}
-
-TEST(Score, isTenBillionOverDaysPressesAndSpendingTruncated)
+// The score is 10000000000 / (days x presses x spent), truncated; a win
+// hands it on with the name, days and money, and shows the three figures.
+TEST_F(Core, aWinIsScoredAndFillsTheResult)
 {
     // 700 x 50 and 32000 x 50 need more than 16 bits.
     const int table[][4] = {{8, 40, 355, 88028}, {10, 50, 700, 28571}, {29, 300, 9000, 127}, {1, 1, 5, 2000000000}, {3, 20, 32000, 5208}};
-    for (const auto &c : table)
-        EXPECT_EQ(computeScore(static_cast<i16>(c[0]), static_cast<i16>(c[1]), static_cast<i16>(c[2])), c[3]) << c[3];
+    for (const auto &[day, presses, spent, score] : table) {
+        SCOPED_TRACE(score);
+        s.game_over = false;
+        s.day = static_cast<i16>(day);
+        s.action_count = static_cast<i16>(presses);
+        s.spent_total = static_cast<i16>(spent);
+        game.set_heart(104);
+        EXPECT_EQ(s.result.result_score, score);
+        EXPECT_EQ(s.result.result_days, day);
+        EXPECT_EQ(s.result.result_spent, spent);
+        EXPECT_EQ(view.calls.back().str(), "ShowWin(Total Money Spent $" + std::to_string(spent) + "|Total Days " + std::to_string(day) +
+                                               "|Your Score : " + std::to_string(score) + ")");
+    }
+    EXPECT_EQ(s.result.result_name, "Tom");
+    EXPECT_FALSE(s.result.result_pending); // set only by the win screen's OK
+}
+
+// The game ends as the 30th day begins; once over, the meter and the day go
+// on but nothing ends it again.
+TEST_F(Core, theThirtiethDayEndsTheGameAndNothingEndsItTwice)
+{
+    s.day = 28;
+    game.advance_days(1);
+    EXPECT_FALSE(s.game_over); // day 29 is still played
+    game.advance_days(1);
+    EXPECT_TRUE(s.game_over);
+    EXPECT_FALSE(view.mainEnabled);
+    EXPECT_EQ(view.callsNamed("ShowLose").at(0).args.at(0), " Hey Pal! you've been at it for a month. I think you should give up!!!");
+    s.action_count = s.spent_total = 1;
+    for (const int heart : {100, -5})
+        game.set_heart(heart);
+    game.advance_days(1);
+    EXPECT_EQ(view.countCalls("ShowWin") + view.countCalls("ShowLose"), 1);
+    EXPECT_EQ(view.heartLabel, "0");
+    EXPECT_EQ(view.dayLabel, "Day 31");
 }
 
 // The balance keeps its minus sign after the dollar and stops at the ends of 16 bits.
@@ -106,18 +102,6 @@ TEST_F(Core, moneyChangesTheBalanceAndItsLabel)
         EXPECT_EQ(s.money, c[2]);
         EXPECT_EQ(view.moneyLabel, "Bank Balance: $" + std::to_string(c[2]));
     }
-}
-
-TEST_F(Core, theBarsShowRoundedRatingsWithSmartPlusTenBesideTheSpentLabel)
-{
-    s.player.looks = 54.5; // half to even: 54
-    s.player.smart = 71.5; // 81.5 -> 82
-    s.player.luck = 52;
-    s.spent_total = 135;
-    game.updatestats();
-    EXPECT_EQ(view.calls.size(), 2u);
-    EXPECT_EQ(view.calls.at(0).str(), "SetStatBars(54|82|52)");
-    EXPECT_EQ(view.calls.at(1).str(), "SetSpentLabel($135)");
 }
 
 TEST_F(Core, theFirstGameDrawsHerAndStartsFromTheSetup)
@@ -141,56 +125,42 @@ TEST_F(Core, theFirstGameDrawsHerAndStartsFromTheSetup)
     EXPECT_FALSE(view.takeHerOutEnabled);
 }
 
-TEST_F(Core, playAgainKeepsHerButStartsTheGameAfresh)
+// "Play Again" from the menu or from the game-over dialog keeps her and her
+// picture but starts the game afresh from the setup screen.
+TEST_F(Core, playingAgainKeepsHerButStartsTheGameAfresh)
 {
-    random.push({pick(3, 11), pick(4, 10), pick(5, 15), pick(9, 15)});
+    const std::pair<void (*)(Game &), Strings> table[] = {{playAgainFromMenu, {"EnableTakeHerOut(false)", "EnableTakeHerOut(false)"}},
+                                                          {gameOverPlayAgain, {"EnableMain(true)", "FocusMain()"}}};
+    random.push({pick(3, 11), pick(4, 10), pick(5, 15)});
     game.Restart(true);
-    // Play a little: everything below must be undone, except the two survivors.
-    s.heart = s.money = s.day = s.spent_total = s.gift_spent = s.action_count = s.call_questions = s.work_streak = s.boring_gap = 2;
-    s.job_open[3] = s.date_agreed = s.game_over = s.questions[5].asked = true;
-    s.sound_on = false;
-    s.last_visit[4] = 9;
-    s.places[4].extra = s.gifts[2].extra = "+";
-    s.player.looks = 88.25;
-    s.result = {true, "Tom", 1234, 5, 60};
-    view.takeHerOutEnabled = true;
-    view.clearCalls();
-    playAgainFromMenu(game);
-
-    EXPECT_EQ(s.girl.Gname, "Kate");
-    EXPECT_EQ(view.countCalls("SetFace"), 0); // her picture stays
-    EXPECT_EQ(s.girl.askout_need, 29);       // redrawn even for the same girl
-    EXPECT_EQ(std::vector<int>({s.heart, s.money, s.day, s.spent_total, s.gift_spent, s.action_count, s.call_questions, s.last_visit[4], s.boring_gap}),
-              std::vector<int>({10, 50, 1, 0, 0, 0, 0, -3, 3}));
-    EXPECT_FALSE(s.date_agreed || s.game_over || s.questions[5].asked || s.result.result_pending || view.takeHerOutEnabled);
-    EXPECT_TRUE(s.sound_on);
-    EXPECT_EQ(s.places[4].extra + s.gifts[2].extra, "nn");
-    EXPECT_EQ(s.player.looks, 60); // purchases are gone: the sliders are read again
-    EXPECT_EQ(s.result.result_name, "");
-    EXPECT_EQ(s.result.result_score, 0);
-    EXPECT_TRUE(s.work_streak == 2 && s.job_open[3]); // these two carry over
-}
-
-TEST_F(Core, theGameOverDialogLeavesTheEndedGameOrPlaysAgain)
-{
-    random.push({pick(1, 11), pick(6, 10), pick(1, 15), pick(2, 15)});
-    game.Restart(true);
-    s.game_over = true;
-    s.heart = 0;
-    view.clearCalls();
-    gameOverOk(game);
-    EXPECT_EQ(view.callNames(), (std::vector<std::string>{"EnableMain", "FocusMain"}));
-    EXPECT_TRUE(s.game_over);
-    EXPECT_EQ(s.heart, 0);
-
-    view.clearCalls();
-    gameOverPlayAgain(game);
-    EXPECT_EQ(view.calls.front().str(), "EnableMain(true)");
+    for (const auto &[playAgain, bracket] : table) {
+        // Play a little: everything below must be undone, except the two survivors.
+        s.heart = s.money = s.day = s.spent_total = s.gift_spent = s.action_count = s.call_questions = s.work_streak = s.boring_gap = 2;
+        s.job_open[3] = s.date_agreed = s.game_over = s.questions[5].asked = true;
+        s.sound_on = false;
+        s.last_visit[4] = 9;
+        s.places[4].extra = s.gifts[2].extra = "+";
+        s.player.looks = 88.25;
+        s.result = {true, "Tom", 1234, 5, 60};
+        view = RecordingView();
+        random.push(pick(9, 15));
+        playAgain(game);
+        EXPECT_EQ(Strings({view.calls.front().str(), view.calls.back().str()}), bracket);
+        EXPECT_EQ(view.spentLabel, "$0"); // the bars are redrawn for the new game
+        EXPECT_EQ(s.girl.Gname, "Kate");
+        EXPECT_EQ(view.countCalls("SetFace"), 0); // her picture stays
+        EXPECT_EQ(s.girl.askout_need, 29);       // redrawn even for the same girl
+        EXPECT_EQ(std::vector<int>({s.heart, s.money, s.day, s.spent_total, s.gift_spent, s.action_count, s.call_questions, s.last_visit[4], s.boring_gap}),
+                  std::vector<int>({10, 50, 1, 0, 0, 0, 0, -3, 3}));
+        EXPECT_FALSE(s.date_agreed || s.game_over || s.questions[5].asked || s.result.result_pending || !s.sound_on);
+        EXPECT_EQ(s.places[4].extra + s.gifts[2].extra + s.result.result_name, "nn");
+        EXPECT_EQ(s.player.looks, 60); // purchases are gone: the sliders are read again
+        EXPECT_EQ(s.result.result_score, 0);
+        EXPECT_TRUE(s.work_streak == 2 && s.job_open[3]); // these two carry over
+    }
+    gameOverOk(game); // the dialog's OK leaves an ended game as it is
     EXPECT_EQ(view.calls.back().str(), "FocusMain()");
-    EXPECT_EQ(view.calls.at(view.calls.size() - 2).str(), "SetSpentLabel($0)"); // the bars are redrawn after the new game
-    EXPECT_FALSE(s.game_over);
-    EXPECT_EQ(s.heart, 10);
-    EXPECT_EQ(s.girl.Gname, "Julia");
+    EXPECT_EQ(view.calls.rbegin()[1].str(), "EnableMain(true)");
 }
 
 TEST(Sound, theCheckMarkDecidesTheDirection)

@@ -55,14 +55,11 @@ TEST(LastFile, remembersTheNameInTwentyBytes)
 TEST(LastFile, aDamagedFileReadsAsSomethingHarmless)
 {
     const std::string spaces(14, ' ');
-    std::string yDiaeresis;
-    for (int i = 0; i < 20; ++i)
-        yDiaeresis += "\xC3\xBF";
     const std::pair<std::string, std::string> table[] = {
         {"", ""},
         {"Tom", ""}, // shorter than a record
         {"Tom                 EXTRA", "Tom"},
-        {std::string(20, '\xFF'), yDiaeresis},
+        {"\xFF\xFF" + std::string(18, ' '), "\xC3\xBF\xC3\xBF"},
         {"\x01Tom\x81\x7F" + spaces, "?Tom??"},
         {"\x81\x8D\x8F\x90\x9D" + spaces + " ", "?????"}, // the five bytes Windows-1252 leaves unassigned
         {std::string(20, '\0'), ""},
@@ -76,35 +73,32 @@ TEST(LastFile, aDamagedFileReadsAsSomethingHarmless)
     }
 }
 
-TEST(LastFile, aMissingFileIsCreatedEmptyAndADirectoryIsLeftAlone)
+TEST(DataFiles, aMissingFileIsCreatedEmptyAndADirectoryIsLeftAlone)
 {
     TempDir dir;
     EXPECT_EQ(readLastName(dir.file("last")), "");
-    EXPECT_TRUE(std::filesystem::is_regular_file(dir.file("last")));
-    EXPECT_EQ(dir.read("last"), "");
+    EXPECT_EQ(readTuteShow(dir.file("tuteshow")), 0); // the guide is not shown
+    EXPECT_TRUE(std::filesystem::is_regular_file(dir.file("last")) && std::filesystem::is_regular_file(dir.file("tuteshow")));
+    EXPECT_EQ(dir.read("last") + dir.read("tuteshow"), "");
     std::filesystem::create_directory(dir.file("dir"));
     EXPECT_EQ(readLastName(dir.file("dir")), "");
     EXPECT_FALSE(writeLastName(dir.file("dir"), "Tom"));
     EXPECT_TRUE(std::filesystem::is_directory(dir.file("dir")));
 }
 
-// One little-endian 16-bit value; 1 shows the guide. A missing file is
-// created and, like a short one, reads 0.
+// One little-endian 16-bit value, 1 shows the guide; a short file reads 0.
 TEST(TuteShowFile, holdsOneLittleEndianSixteenBitValue)
 {
-    const std::pair<std::string, int> table[] = {{std::string("\x01\x00", 2), 1}, {std::string("\x00\x00", 2), 0}, {std::string("\x00\x01", 2), 256},
-                                                 {"\xFF\xFF", -1}, {"", 0}, {"\x01", 0}, {std::string("\x01\x00zz", 4), 1}};
+    const std::pair<std::string, int> table[] = {{std::string("\x01\x00", 2), 1}, {std::string("\x00\x01", 2), 256}, {"\xFF\xFF", -1},
+                                                 {"", 0}, {"\x01", 0}, {std::string("\x01\x00zz", 4), 1}};
     for (const auto &[bytes, value] : table) {
         TempDir dir;
         dir.write("tuteshow", bytes);
         EXPECT_EQ(readTuteShow(dir.file("tuteshow")), value) << value;
     }
     TempDir dir;
-    EXPECT_EQ(readTuteShow(dir.file("tuteshow")), 0);
-    EXPECT_TRUE(std::filesystem::is_regular_file(dir.file("tuteshow")));
     ASSERT_TRUE(writeTuteShow(dir.file("tuteshow"), -2)); // "don't show again" writes 0; any value round-trips
     EXPECT_EQ(dir.read("tuteshow"), "\xFE\xFF");
-    EXPECT_EQ(readTuteShow(dir.file("tuteshow")), -2);
 }
 
 TEST(Cp1252, roundTripsEveryAssignedByteAndMarksTheRest)
