@@ -7,36 +7,32 @@ namespace {
 
 using Dispatch = PlayFixture;
 
-// draws: the chance draws each mode button makes.
-const std::pair<Button, int> kModeButtons[] = {{onBuyGift, 1}, {onCallHer, 0}, {onTakeHerOut, 2}, {onGoToWork, 8}, {onGoShopping, 2}};
+struct Mode { Button press; int draws; const char *title, *caption, *tip; size_t rows; const char *firstRow, *talk, *sound; }; // draws: its chance draws
+const Mode kModes[] = {
+    {onBuyGift, 1, "Things to Get", "BUY", "Available gifts you can buy her", 11, "Flowers        \t$40", "", nullptr},
+    {onCallHer, 0, "Things to ask her", "ASK", "Topics you can talk about", 24, "So do you like living here?",
+     "Lisa:  Hello?\r\nTom: Hi Lisa this is Tom\r\nLisa: Ohh .... How are you???", "\\sounds\\phonet.wav"},
+    {onTakeHerOut, 2, "Places to Go", "GO", "Places you can take her", 11, "High class restaurant\t\t\t$120", "Lisa: I'm coming...", "\\sounds\\doorbell.wav"},
+    {onGoToWork, 8, "Job Noticeboard", "WORK", "List of jobs", 6, "Pizza Delivery\t$20\tavailable", "", "\\sounds\\car.wav"},
+    {onGoShopping, 2, "Things to Buy", "BUY", "Items you can buy for your self", 11, " Latest Sunglasses\t\t$150", "", nullptr},
+};
 
 TEST_F(Dispatch, modeButtonsRefillTheirListAndCountEveryPress)
 {
-    struct Row { const char *title, *caption, *tip; size_t rows; const char *firstRow, *talk, *sound; };
-    const Row table[] = {
-        {"Things to Get", "BUY", "Available gifts you can buy her", 11, "Flowers        \t$40", "", nullptr},
-        {"Things to ask her", "ASK", "Topics you can talk about", 24, "So do you like living here?",
-         "Lisa:  Hello?\r\nTom: Hi Lisa this is Tom\r\nLisa: Ohh .... How are you???", "\\sounds\\phonet.wav"},
-        {"Places to Go", "GO", "Places you can take her", 11, "High class restaurant\t\t\t$120", "Lisa: I'm coming...", "\\sounds\\doorbell.wav"},
-        {"Job Noticeboard", "WORK", "List of jobs", 6, "Pizza Delivery\t$20\tavailable", "", "\\sounds\\car.wav"},
-        {"Things to Buy", "BUY", "Items you can buy for your self", 11, " Latest Sunglasses\t\t$150", "", nullptr},
-    };
-    for (int i = 0; i < 5; ++i) {
-        const Row &c = table[i];
-        const auto [press, draws] = kModeButtons[i];
+    for (const Mode &c : kModes) {
         SCOPED_TRACE(c.title);
         newGame();
         for (int count = 1; count <= 2; ++count) {
             // What the last action left on screen, which every mode button clears.
             view.talk = "Lisa: stale words";
             view.okShown = view.askOutShown = true;
-            calm(draws);
-            press(game);
+            calm(c.draws);
+            c.press(game);
             EXPECT_EQ(Strings({view.listTitle, view.okCaption, view.listTip, view.talk}), Strings({c.title, c.caption, c.tip, c.talk}));
             ASSERT_EQ(view.rows.size(), c.rows); // refilled, not appended
             EXPECT_EQ(view.rows.front(), c.firstRow);
             EXPECT_FALSE(view.okShown); // waits for a row to be picked
-            EXPECT_EQ(view.askOutShown, press == onCallHer);
+            EXPECT_EQ(view.askOutShown, c.press == onCallHer);
             EXPECT_EQ(state().action_count, count);
         }
         EXPECT_EQ(sounds(), c.sound ? Strings(2, c.sound) : Strings{});
@@ -56,10 +52,10 @@ TEST_F(Dispatch, pressesWithNothingToDoChangeNothingButTheCount)
     newGame();
     onActionButton(game);
     EXPECT_EQ(view.callNames(), closingOnly);
-    for (const auto &[press, draws] : kModeButtons) {
+    for (const Mode &c : kModes) {
         newGame();
-        calm(draws);
-        press(game);
+        calm(c.draws);
+        c.press(game);
         SCOPED_TRACE(view.listTitle);
         const Strings rows = view.rows;
         for (const int row : {-1, static_cast<int>(rows.size())}) {
@@ -75,8 +71,8 @@ TEST_F(Dispatch, pressesWithNothingToDoChangeNothingButTheCount)
         state().game_over = true;
         view.talk = "Lisa: still here";
         view.clearCalls();
-        press(game);
-        EXPECT_EQ(calls(), press == onCallHer ? Strings({"ShowOk(false)", "EnableMain(false)", "ShowGameOver()"}) // the ask-out button stays
+        c.press(game);
+        EXPECT_EQ(calls(), c.press == onCallHer ? Strings({"ShowOk(false)", "EnableMain(false)", "ShowGameOver()"}) // the ask-out button stays
                                               : Strings({"ShowOk(false)", "ShowAskOut(false)", "EnableMain(false)", "ShowGameOver()"}));
         EXPECT_EQ(state().action_count, 3);
         EXPECT_EQ(view.rows, rows);
@@ -123,18 +119,6 @@ TEST_F(Dispatch, exactlyTheBalanceBuysAndADollarShortIsRefused)
             EXPECT_EQ(view.rows.empty(), c.row >= 0 || !paid); // the next try needs the mode button again
         }
     }
-}
-
-// The fine is drawn on the way, before the bill: it can cost him the date.
-TEST_F(Dispatch, aSpeedingFineOnTheWayCanLeaveTooLittleForTheDate)
-{
-    newGame(10, 179);
-    random.push({kCalm, kCalm, pick(3, 60)});
-    onTakeHerOut(game);
-    choose(0);
-    EXPECT_EQ(state().money, 119);
-    EXPECT_EQ(calls({"ShowNotice"}), Strings({"ShowNotice(SpeedingFine|)", "ShowNotice(TextNotice|Hey...BUDDY are you expecting her to pay for this !!!!)"}));
-    expectDrawsUsedUp();
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
 using namespace amorra;
 using amorra::testing::TempDir;
 
@@ -32,44 +34,35 @@ TEST(Sliders, shareOneHundredFiftyPointsAtThePartnersExpense)
     }
 }
 
-// The name is stored trimmed, in Windows-1252, one byte a character, cut or
-// filled with spaces to 20 bytes.
-TEST(LastFile, remembersTheNameInTwentyBytes)
+// A typed name is stored trimmed, in Windows-1252, one byte a character, cut
+// or filled with spaces to 20 bytes. Whatever else the file holds reads as
+// something harmless, and reading leaves it as it was.
+TEST(LastFile, remembersTheNameInTwentyBytesAndShrugsOffDamage)
 {
-    const char *const table[][3] = {
-        {"  Tom  ", "Tom                 ", "Tom"},
-        {"Jos\xC3\xA9 \xE2\x82\xAC", "Jos\xE9 \x80              ", "Jos\xC3\xA9 \xE2\x82\xAC"},
-        {"ABCDEFGHIJKLMNOPQRSTUVWXY", "ABCDEFGHIJKLMNOPQRST", "ABCDEFGHIJKLMNOPQRST"},
-        {"     ", "                    ", ""},
-    };
-    for (const auto &[typed, stored, shown] : table) {
-        SCOPED_TRACE(typed);
-        TempDir dir;
-        ASSERT_TRUE(writeLastName(dir.file("last"), typed));
-        EXPECT_EQ(dir.read("last"), stored);
-        EXPECT_EQ(readLastName(dir.file("last")), shown);
-    }
-}
-
-// Whatever the file holds reads as something harmless, and stays as it was.
-TEST(LastFile, aDamagedFileReadsAsSomethingHarmless)
-{
+    struct Row { const char *typed; std::string bytes; const char *shown; }; // typed nullptr: the bytes are written as they are
     const std::string spaces(14, ' ');
-    const std::pair<std::string, std::string> table[] = {
-        {"", ""},
-        {"Tom", ""}, // shorter than a record
-        {"Tom                 EXTRA", "Tom"},
-        {"\xFF\xFF" + std::string(18, ' '), "\xC3\xBF\xC3\xBF"},
-        {"\x01Tom\x81\x7F" + spaces, "?Tom??"},
-        {"\x81\x8D\x8F\x90\x9D" + spaces + " ", "?????"}, // the five bytes Windows-1252 leaves unassigned
-        {std::string(20, '\0'), ""},
+    const Row table[] = {
+        {"  Tom  ", "Tom                 ", "Tom"},
+        {"Jos\xC3\xA9 \xE2\x82\xAC", "Jos\xE9 \x80" + spaces, "Jos\xC3\xA9 \xE2\x82\xAC"},
+        {"ABCDEFGHIJKLMNOPQRSTUVWXY", "ABCDEFGHIJKLMNOPQRST", "ABCDEFGHIJKLMNOPQRST"},
+        {"     ", std::string(20, ' '), ""},
+        {nullptr, "", ""},
+        {nullptr, "Tom", ""}, // shorter than a record
+        {nullptr, "Tom                 EXTRA", "Tom"},
+        {nullptr, "\xFF\xFF" + std::string(18, ' '), "\xC3\xBF\xC3\xBF"},
+        {nullptr, "\x01Tom\x81\x7F" + spaces, "?Tom??"},
+        {nullptr, "\x81\x8D\x8F\x90\x9D" + spaces + " ", "?????"}, // the five bytes Windows-1252 leaves unassigned
+        {nullptr, std::string(20, '\0'), ""},
     };
-    for (const auto &[bytes, name] : table) {
-        SCOPED_TRACE(name);
+    for (const Row &c : table) {
+        SCOPED_TRACE(c.shown);
         TempDir dir;
-        dir.write("last", bytes);
-        EXPECT_EQ(readLastName(dir.file("last")), name);
-        EXPECT_EQ(dir.read("last"), bytes);
+        if (c.typed)
+            ASSERT_TRUE(writeLastName(dir.file("last"), c.typed));
+        else
+            dir.write("last", c.bytes);
+        EXPECT_EQ(readLastName(dir.file("last")), c.shown);
+        EXPECT_EQ(dir.read("last"), c.bytes);
     }
 }
 
@@ -84,6 +77,23 @@ TEST(DataFiles, aMissingFileIsCreatedEmptyAndADirectoryIsLeftAlone)
     EXPECT_EQ(readLastName(dir.file("dir")), "");
     EXPECT_FALSE(writeLastName(dir.file("dir"), "Tom"));
     EXPECT_TRUE(std::filesystem::is_directory(dir.file("dir")));
+}
+
+// A handle left open by every read would run out after some hundreds of games.
+TEST(DataFiles, everyReadClosesItsFile)
+{
+    TempDir dir;
+    dir.write("last", "Tom");
+    rlimit saved{}, few{};
+    getrlimit(RLIMIT_NOFILE, &saved);
+    few = {128, saved.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &few);
+    for (int i = 0; i < 300; ++i)
+        readLastName(dir.file("last"));
+    dir.write("last", "Tom                 ");
+    const std::string name = readLastName(dir.file("last"));
+    setrlimit(RLIMIT_NOFILE, &saved);
+    EXPECT_EQ(name, "Tom");
 }
 
 // One little-endian 16-bit value, 1 shows the guide; a short file reads 0.

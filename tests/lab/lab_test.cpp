@@ -1,4 +1,3 @@
-#include "her_tastes.h"
 #include "lab.h"
 
 #include <gtest/gtest.h>
@@ -33,31 +32,6 @@ TEST(LabRun, everyGameEndsTheSeedDecidesAndTheBestStrategyWinsMost)
     ASSERT_EQ(s.size(), 4u);
     EXPECT_GT(s[3].wins, s[2].wins);
     EXPECT_GT(s[3].medianScore, s[2].medianScore);
-}
-
-// What the lab's players believe she said must be what the game wrote down.
-TEST(HerTastes, matchTheOpinionsTheGameRecordsAfterEveryQuestion)
-{
-    const auto opinion = [](const std::string &mark) { return mark == "+" ? 1 : mark == "-" ? -1 : 0; };
-    for (std::uint64_t seed = 1; seed <= 40; ++seed) {
-        SCOPED_TRACE(seed);
-        Player p;
-        p.startGame(seed, Ratings{});
-        HerTastes t;
-        for (int q = 0; q < kQuestionCount; ++q) {
-            p.confirmWindows();
-            ASSERT_TRUE((p.listTitle() == "Things to ask her" && p.rowCount() > 0) || p.press(Button::CallHer));
-            p.confirmWindows();
-            ASSERT_TRUE(p.pickRow(q) && p.press(Button::Action));
-            ASSERT_NE(HerTastes::answerShown(q, p.talk()), 0) << "question " << q;
-            t.learn(q, p.talk());
-        }
-        const GameState &s = p.game().state();
-        for (size_t i = 1; i <= 11; ++i) {
-            EXPECT_EQ(t.gift[i], opinion(s.gifts[i].extra)) << "gift " << i;
-            EXPECT_EQ(t.place[i], opinion(s.places[i].extra)) << "place " << i;
-        }
-    }
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "her_tastes.h"
 #include "null_view.h"
 #include "strategies.h"
 
@@ -27,9 +28,11 @@ std::string screen(const Game &g, const GameView &v, const std::vector<std::stri
 }
 
 // The same clicks on the lab's null view and on the recording view the tests
-// trust: the game must not tell them apart.
-TEST(NullView, answersTheGameLikeTheRecordingViewClickAfterClick)
+// trust: the game must not tell them apart. And what the lab's players learn
+// from her answers must be what the game wrote down.
+TEST(Lab, seesTheGameAsTheGameIsClickAfterClick)
 {
+    const auto opinion = [](const std::string &mark) { return mark == "+" ? 1 : mark == "-" ? -1 : 0; };
     const char *const names[] = {"Cat", "FoundMoney", "SpeedingFine", "Ignoring", "Boring", "TextNotice", "GameOver", "Win", "Lose", "HighScores"};
     void (*const buttons[])(Game &) = {onBuyGift, onCallHer, onTakeHerOut, onGoToWork, onGoShopping, onActionButton, onAskOut};
     for (const std::uint64_t seed : {1u, 17u, 2024u}) {
@@ -42,6 +45,7 @@ TEST(NullView, answersTheGameLikeTheRecordingViewClickAfterClick)
             startFirstGame(*g);
         }
         Dice dice(seed);
+        HerTastes tastes;
         for (int click = 0; click < 600; ++click) {
             SCOPED_TRACE("seed " + std::to_string(seed) + " click " + std::to_string(click));
             const int what = dice.below(10);
@@ -57,8 +61,11 @@ TEST(NullView, answersTheGameLikeTheRecordingViewClickAfterClick)
                 fastView.closeScreen(top);
                 slowView.closeScreen(names[static_cast<int>(top)]);
             } else if (what < 7) {
+                const int question = fastView.listTitle == "Things to ask her" && fastView.okShown ? fastView.selectedRow : -1;
                 buttons[what](fast);
                 buttons[what](slow);
+                if (what == 5 && question >= 0)
+                    tastes.learn(question, fastView.talk);
             } else {
                 const int row = dice.below(25) - 1; // now and then no row at all
                 fastView.selectRow(row);
@@ -68,9 +75,14 @@ TEST(NullView, answersTheGameLikeTheRecordingViewClickAfterClick)
             }
             ASSERT_EQ(screen(fast, fastView, {fastView.rowText.begin(), fastView.rowText.begin() + fastView.rowCount}, {fastView.mainEnabled, fastView.okShown, fastView.askOutShown, fastView.takeHerOutEnabled}),
                       screen(slow, slowView, slowView.rows, {slowView.mainEnabled, slowView.okShown, slowView.askOutShown, slowView.takeHerOutEnabled}));
+            for (size_t i = 1; i <= 11; ++i) {
+                ASSERT_EQ(tastes.gift[i], opinion(fast.state().gifts[i].extra)) << "gift " << i;
+                ASSERT_EQ(tastes.place[i], opinion(fast.state().places[i].extra)) << "place " << i;
+            }
             if (fast.state().game_over && fastView.openScreens.empty()) {
                 gameOverPlayAgain(fast);
                 gameOverPlayAgain(slow);
+                tastes = HerTastes();
             }
         }
     }
