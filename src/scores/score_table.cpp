@@ -3,6 +3,7 @@
 #include "core/cp1252.h"
 #include "core/data_files.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -28,32 +29,6 @@ void appendLittleEndian(std::string &out, std::uint64_t value, int size)
         out += static_cast<char>((value >> (8 * i)) & 0xFF);
 }
 
-// Counts UTF-8 characters: every byte that does not continue a character.
-size_t characterCount(const std::string &utf8)
-{
-    size_t n = 0;
-    for (char c : utf8)
-        if ((static_cast<unsigned char>(c) & 0xC0) != 0x80)
-            ++n;
-    return n;
-}
-
-// Cuts or pads a name to exactly 20 characters, as the table keeps it.
-std::string fixedName(const std::string &utf8)
-{
-    std::string name;
-    size_t n = 0;
-    for (size_t i = 0; i < utf8.size(); ++i) {
-        const bool starts = (static_cast<unsigned char>(utf8[i]) & 0xC0) != 0x80;
-        if (starts && n == static_cast<size_t>(kNameBytes))
-            break;
-        if (starts)
-            ++n;
-        name += utf8[i];
-    }
-    return name + std::string(static_cast<size_t>(kNameBytes) - characterCount(name), ' ');
-}
-
 std::string trimmed(const std::string &s, bool leading)
 {
     const auto last = s.find_last_not_of(' ');
@@ -73,27 +48,31 @@ std::string wholeNumber(double value)
 ScoreRecord decodeRecord(const std::string &bytes, size_t at)
 {
     ScoreRecord r;
-    r.name = fixedName(fromCp1252(bytes.substr(at, kNameBytes)));
+    r.name = bytes.substr(at, kNameBytes);
     const std::uint64_t scoreBits = readLittleEndian(bytes, at + 20, 8);
     std::memcpy(&r.score, &scoreBits, sizeof r.score);
     r.days = static_cast<i16>(static_cast<std::uint16_t>(readLittleEndian(bytes, at + 28, 2)));
-    r.spent = static_cast<std::int64_t>(readLittleEndian(bytes, at + 30, 8)) / kCurrencyScale;
+    r.spent = static_cast<std::int64_t>(readLittleEndian(bytes, at + 30, 8));
     return r;
 }
 
 void encodeRecord(std::string &out, const ScoreRecord &r)
 {
-    std::string name = toCp1252(r.name);
+    std::string name = r.name;
     name.resize(kNameBytes, ' ');
     out += name;
     std::uint64_t scoreBits = 0;
     std::memcpy(&scoreBits, &r.score, sizeof r.score);
     appendLittleEndian(out, scoreBits, 8);
     appendLittleEndian(out, static_cast<std::uint16_t>(r.days), 2);
-    // Clamped so that the scaling cannot overflow, whatever the record holds.
+    appendLittleEndian(out, static_cast<std::uint64_t>(r.spent), 8);
+}
+
+// Dollars as the file keeps them; clamped so that the scaling cannot overflow.
+std::int64_t storedMoney(std::int64_t dollars)
+{
     constexpr std::int64_t kMaxDollars = std::numeric_limits<std::int64_t>::max() / kCurrencyScale;
-    const std::int64_t dollars = r.spent > kMaxDollars ? kMaxDollars : r.spent < -kMaxDollars ? -kMaxDollars : r.spent;
-    appendLittleEndian(out, static_cast<std::uint64_t>(dollars * kCurrencyScale), 8);
+    return std::clamp(dollars, -kMaxDollars, kMaxDollars) * kCurrencyScale;
 }
 
 } // namespace
@@ -120,15 +99,18 @@ void overlayScoreFile(const std::string &bytes, ScoreTable &table)
     }
 }
 
-bool LoadScores(const std::string &path, ScoreTable &table)
+std::string recordName(const std::string &utf8)
 {
-    if (!ensureFileExists(path))
-        return false;
-    const auto bytes = readFileBytes(path, kScoreFileSize);
-    if (!bytes)
-        return false;
-    overlayScoreFile(*bytes, table);
-    return true;
+    std::string name = toCp1252(utf8);
+    name.resize(kNameBytes, ' ');
+    return name;
+}
+
+bool LoadScores(const std::string &path, ScoreTable &table, FileSystem &files)
+{
+    const FileRead file = readPlayerFile(path, kScoreFileSize, files);
+    overlayScoreFile(file.bytes, table);
+    return file.outcome != ReadOutcome::Failed;
 }
 
 void SortScores(ScoreTable &table)
@@ -152,9 +134,9 @@ void SortScores(ScoreTable &table)
         table[static_cast<size_t>(i)] = sorted[static_cast<size_t>(i)];
 }
 
-bool SaveScores(const std::string &path, const ScoreTable &table)
+bool SaveScores(const std::string &path, const ScoreTable &table, FileSystem &files)
 {
-    return replaceFileContents(path, encodeScoreFile(table));
+    return replaceFileContents(path, encodeScoreFile(table), files);
 }
 
 HighScoreScreenData FillGrid(const ScoreTable &table)
@@ -165,42 +147,47 @@ HighScoreScreenData FillGrid(const ScoreTable &table)
     for (int n = 1; n <= kShownScores; ++n) {
         const ScoreRecord &r = table[static_cast<size_t>(n)];
         if (r.occupied())
-            data.rows[static_cast<size_t>(n) - 1].cells = {toDecimal(n), r.name, toDecimal(r.days) + " Days",
-                                                           "$" + toDecimal(r.spent), wholeNumber(r.score)};
+            data.rows[static_cast<size_t>(n) - 1].cells = {toDecimal(n), fromCp1252(r.name), toDecimal(r.days) + " Days",
+                                                           "$" + toDecimal(r.spent / kCurrencyScale),
+                                                           wholeNumber(r.score)};
     }
     if (table[1].occupied())
-        data.champion = trimmed(table[1].name, true);
+        data.champion = trimmed(fromCp1252(table[1].name), true);
     return data;
 }
 
 void MarkNewEntry(GameResult &result, const ScoreTable &table, HighScoreScreenData *data)
 {
     if (result.result_pending && data) {
+        const std::string name = trimmed(recordName(result.result_name), false);
         for (int n = 1; n <= kShownScores; ++n) {
             const ScoreRecord &r = table[static_cast<size_t>(n)];
-            if (trimmed(r.name, false) == result.result_name && r.score == result.result_score)
+            if (trimmed(r.name, false) == name && r.score == result.result_score)
                 data->rows[static_cast<size_t>(n) - 1].red = true;
         }
     }
     result.result_pending = false;
 }
 
-
-HighScoreScreenData openHighScores(GameResult &result, ScoreTable &table, const std::string &path)
+HighScoreScreenData openHighScores(GameResult &result, ScoreTable &table, const std::string &path,
+                                   FileSystem &files)
 {
-    const bool loaded = LoadScores(path, table);
+    // Held from reading to writing: a game that saved in between would
+    // otherwise lose its row to ours.
+    const FolderLock lock(path);
+    const bool loaded = LoadScores(path, table, files);
     if (result.result_pending) {
         ScoreRecord &intake = table[kScoreSlots];
-        intake.name = fixedName(result.result_name);
+        intake.name = recordName(result.result_name);
         intake.score = result.result_score;
         intake.days = result.result_days;
-        intake.spent = result.result_spent;
+        intake.spent = storedMoney(result.result_spent);
     }
     SortScores(table);
     HighScoreScreenData data = FillGrid(table);
     MarkNewEntry(result, table, &data);
     data.loadFailed = !loaded;
-    data.saveFailed = !SaveScores(path, table);
+    data.saveFailed = loaded && !(lock.held() && SaveScores(path, table, files));
     MarkNewEntry(result, table, nullptr);
     return data;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/data_files.h"
 #include "core/game_state.h"
 
 #include <array>
@@ -17,12 +18,14 @@ constexpr int kScoreFileSize = kScoreSlots * kScoreRecordSize; // 798
 // The table's file, by its bare name: it lives in the working directory.
 inline constexpr const char *kScoresFileName = "Scores";
 
+// A record is kept exactly as the file holds it, so that one the game only
+// reads and sorts is written back byte for byte.
 struct ScoreRecord
 {
-    std::string name = std::string(20, ' '); // UTF-8, 20 characters with its padding
+    std::string name = std::string(20, ' '); // the 20 stored bytes, Windows-1252, padding included
     double score = 0;
     i16 days = 0;
-    std::int64_t spent = 0; // whole dollars (the file holds dollars x 10,000)
+    std::int64_t spent = 0; // ten-thousandths of a dollar, as stored
     bool occupied() const { return score > 0; }
 };
 
@@ -35,12 +38,16 @@ std::string encodeScoreFile(const ScoreTable &table);
 // records leave their slots unchanged.
 void overlayScoreFile(const std::string &bytes, ScoreTable &table);
 
-// False when the file could not be read (the table is left as it was).
-bool LoadScores(const std::string &path, ScoreTable &table);
+// The stored bytes of a player's name: Windows-1252, cut or padded to 20.
+std::string recordName(const std::string &utf8);
+
+// Overlays the file's occupied records; a missing file leaves the table as
+// it was. False when the file is there but could not be read.
+bool LoadScores(const std::string &path, ScoreTable &table, FileSystem &files = systemFiles());
 void SortScores(ScoreTable &table);
-// Writes all 21 records through a temporary file; false when it failed,
-// in which case the old file is untouched.
-bool SaveScores(const std::string &path, const ScoreTable &table);
+// Writes all 21 records so that a reader sees the old file or the new one,
+// whole; false when it failed, in which case the old file is untouched.
+bool SaveScores(const std::string &path, const ScoreTable &table, FileSystem &files = systemFiles());
 
 // What the Top 20 window shows for one rank.
 struct ScoreRow
@@ -54,7 +61,7 @@ struct HighScoreScreenData
     std::array<std::string, 5> headers; // "", "Name", "Total Days  ", "Money Spent ", "Score  "
     std::vector<ScoreRow> rows;         // ranks 1..20
     std::string champion;               // slot 1's name, trimmed
-    bool loadFailed = false;
+    bool loadFailed = false; // so nothing was saved: a file that could not be read is never written over
     bool saveFailed = false;
 };
 
@@ -66,7 +73,9 @@ HighScoreScreenData FillGrid(const ScoreTable &table);
 void MarkNewEntry(GameResult &result, const ScoreTable &table, HighScoreScreenData *data);
 
 // Opening the Top 20 window: load, take in a pending result, sort, fill,
-// save, mark. `table` lives for the whole program run.
-HighScoreScreenData openHighScores(GameResult &result, ScoreTable &table, const std::string &path);
+// save, mark. `table` lives for the whole program run. The folder is locked
+// from reading to writing, so two games ending at once both keep their rows.
+HighScoreScreenData openHighScores(GameResult &result, ScoreTable &table, const std::string &path,
+                                   FileSystem &files = systemFiles());
 
 } // namespace amorra

@@ -17,6 +17,11 @@ namespace amorra {
 namespace {
 
 constexpr int kMaxDepth = 200; // deeper nesting is damage, not a guide
+// A guide is a few pages. The document costs time for every run of text
+// and every paragraph it holds, and laying out for every character, so one
+// that would hold more than this is shown only up to there.
+constexpr int kMostPieces = 50000;
+constexpr qsizetype kMostCharacters = 1000000;
 
 // Destinations whose text is never shown.
 bool isHiddenDestination(const QByteArray &word)
@@ -30,6 +35,20 @@ bool isHiddenDestination(const QByteArray &word)
         if (word == name)
             return true;
     return false;
+}
+
+// The character each Windows-1252 byte stands for, worked out once.
+QChar cp1252Char(unsigned char byte)
+{
+    static const QVector<QChar> table = [] {
+        QVector<QChar> chars(256);
+        for (int b = 0; b < 256; ++b) {
+            const std::string utf8 = fromCp1252(std::string(1, static_cast<char>(b)));
+            chars[b] = QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size())).at(0);
+        }
+        return chars;
+    }();
+    return table.at(byte);
 }
 
 struct GroupState
@@ -52,7 +71,11 @@ public:
 
     void run()
     {
-        while (m_at < m_in.size()) {
+        // One edit for the whole guide: the document is laid out once at the
+        // end, not again after every run of text, which made a paragraph of
+        // many short runs cost the square of its length.
+        m_cursor.beginEditBlock();
+        while (m_at < m_in.size() && !full()) {
             const char c = m_in.at(m_at++);
             switch (c) {
             case '{':
@@ -72,6 +95,7 @@ public:
             }
         }
         flush();
+        m_cursor.endEditBlock();
     }
 
 private:
@@ -121,8 +145,8 @@ private:
         }
         if (static_cast<unsigned char>(c) < 0x20)
             return;
-        const std::string utf8 = fromCp1252(std::string(1, c));
-        text(QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size())));
+        if (!hidden())
+            m_pending += cp1252Char(static_cast<unsigned char>(c));
     }
 
     // Characters that stand in for a \u character on older readers.
@@ -143,11 +167,16 @@ private:
 
     void flush()
     {
-        if (m_pending.isEmpty())
+        if (m_pending.isEmpty() || full())
             return;
+        m_pending.truncate(kMostCharacters - m_characters);
+        m_characters += m_pending.size();
+        ++m_pieces;
         m_cursor.insertText(m_pending, m_state.chars);
         m_pending.clear();
     }
+
+    bool full() const { return m_pieces >= kMostPieces || m_characters >= kMostCharacters; }
 
     void controlSequence()
     {
@@ -192,8 +221,7 @@ private:
             const int byte = hexByte();
             if (byte < 0 || skipFallback())
                 return;
-            const std::string utf8 = fromCp1252(std::string(1, static_cast<char>(byte)));
-            text(QString::fromUtf8(utf8.data(), static_cast<int>(utf8.size())));
+            text(QString(cp1252Char(static_cast<unsigned char>(byte))));
             return;
         }
         case '\\':
@@ -323,6 +351,9 @@ private:
         if (hidden())
             return;
         flush();
+        if (full())
+            return;
+        ++m_pieces;
         m_cursor.insertBlock();
         setAlignment(m_state.alignment);
     }
@@ -366,6 +397,8 @@ private:
     GroupState m_state;
     QVector<GroupState> m_stack;
     QString m_pending;
+    int m_pieces = 0; // runs of text and paragraphs put into the document
+    qsizetype m_characters = 0;
     int m_skipPending = 0;
     int m_overflow = 0;
     QVector<QColor> m_colours;
@@ -378,6 +411,7 @@ private:
 bool readRtf(const QByteArray &rtf, QTextDocument *document)
 {
     document->clear();
+    document->setUndoRedoEnabled(false); // a guide is read, never edited: no history to keep
     if (!rtf.startsWith("{\\rtf"))
         return false;
     RtfParser(rtf, document).run();

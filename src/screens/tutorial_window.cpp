@@ -3,6 +3,8 @@
 #include "rtf_reader.h"
 #include "widget_helpers.h"
 
+#include "core/data_files.h"
+
 #include <QCheckBox>
 #include <QFile>
 #include <QGroupBox>
@@ -14,7 +16,7 @@ namespace amorra {
 
 namespace {
 // A guide is a few pages; anything far larger is not one.
-constexpr qint64 kLargestGuide = 4 * 1024 * 1024;
+constexpr size_t kLargestGuide = 4 * 1024 * 1024;
 } // namespace
 
 TutorialWindow::TutorialWindow(const QString &guideFile, QWidget *parent)
@@ -34,9 +36,10 @@ TutorialWindow::TutorialWindow(const QString &guideFile, QWidget *parent)
     m_guide->setReadOnly(true);
     m_guide->setTabStopDistance(24); // the guide's bullets are a bullet and a tab
     m_guide->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    QFile file(guideFile);
-    if (file.open(QIODevice::ReadOnly) && file.size() <= kLargestGuide)
-        readRtf(file.readAll(), m_guide->document());
+    // A missing, unreadable or oversized guide leaves the window empty.
+    const FileRead file = readPlayerFile(QFile::encodeName(guideFile).toStdString(), kLargestGuide);
+    if (file.outcome == ReadOutcome::Read && !file.longer)
+        readRtf(QByteArray::fromStdString(file.bytes), m_guide->document());
     m_guide->moveCursor(QTextCursor::Start); // open at the top of the guide
 
     m_dontShow = new QCheckBox(QStringLiteral("Don't show this again"), this);

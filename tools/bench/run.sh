@@ -28,7 +28,7 @@ fi
 [ -f "$BUILD/CMakeCache.txt" ] || cmake -S . -B "$BUILD" -DCMAKE_BUILD_TYPE=Release
 # A new configure picks up Google Benchmark if it was only just installed.
 cmake -S . -B "$BUILD" >/dev/null
-cmake --build "$BUILD" -j "$JOBS" --target amorra-lab amorra-handler-bench amorra-startbench
+cmake --build "$BUILD" -j "$JOBS" --target amorra-lab amorra-handler-bench amorra-startbench amorra-guide-bench
 type=$(sed -n 's/^CMAKE_BUILD_TYPE:[A-Z]*=//p' "$BUILD/CMakeCache.txt")
 B="$BUILD/tools/bench"
 status=0
@@ -42,6 +42,10 @@ echo "== 1. Click handlers without a screen (Google Benchmark) =="
 echo
 echo "== 2. Balance lab throughput (one core, null view) =="
 "$BUILD/tools/lab/amorra-lab" --games 20000 --seed 1
+
+echo
+echo "== 2b. Quick start guide reader (one core) =="
+taskset -c 0 "$B/amorra-guide-bench" || status=$?
 
 echo
 echo "== 3. Start-up, memory and click to repaint: offscreen =="
