@@ -129,11 +129,13 @@ void AppController::showHighScores()
     present(table);
     if ((data.loadFailed || data.saveFailed) && !m_scoreTroubleTold) {
         m_scoreTroubleTold = true;
-        const QString text = data.saveFailed
-                                 ? QStringLiteral("The Top 20 table could not be saved. Your scores are kept for this "
-                                                  "session.")
-                                 : QStringLiteral("The Top 20 table could not be read. The scores of this session are "
-                                                  "shown instead.");
+        // A table that could not be read is not saved either: saving would
+        // write this session's scores over the ones the file still holds.
+        const QString text = data.loadFailed
+                                 ? QStringLiteral("The Top 20 table could not be read, so it was not saved: the file "
+                                                  "is left as it was. The scores of this session are shown instead.")
+                                 : QStringLiteral("The Top 20 table could not be saved. Your scores are kept for this "
+                                                  "session.");
         m_desktop.showMessage(table, text, QStringLiteral("Amorra"), true);
     }
 }

@@ -1,113 +1,249 @@
-// A full disk or an unusable folder must never cost the player his Top 20:
-// the old file stays byte for byte and the table still shows from memory.
+// Whatever goes wrong with the disk, the player never loses his Top 20: a
+// file that could not be read is never written over, a save that fails
+// leaves the old file byte for byte, and two games saving at once both
+// keep their rows in a file that is whole at every moment.
 #include "core/data_files.h"
 #include "scores/score_table.h"
+#include "support/score_bytes.h"
 #include "support/temp_dir.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <functional>
 #include <filesystem>
-#include <sys/resource.h>
+#include <random>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 using namespace amorra;
-using amorra::testing::TempDir;
+using namespace amorra::testing;
+namespace fs = std::filesystem;
 
 namespace {
 
-ScoreTable tableWith(const std::string &name, double score)
+// The real system calls, except that the one named fails with `error`:
+// "open" (for reading), "create" (the temporary file), "read", "fsync",
+// "close", "rename", or "write", which first fills the disk but for a byte.
+class FaultyFiles final : public FileSystem
 {
-    ScoreTable t{};
-    t[1].name = name + std::string(20 - name.size(), ' ');
-    t[1].score = score;
-    t[1].days = 8;
-    t[1].spent = 355;
-    return t;
-}
-
-// Runs `write` in a child whose files may not grow past `limit` bytes, the
-// way a full disk behaves; returns what the write reported.
-bool writeOnAFullDisk(rlim_t limit, const std::function<bool()> &write)
-{
-    const pid_t child = fork();
-    if (child == 0) {
-        std::signal(SIGXFSZ, SIG_IGN); // report EFBIG instead of dying
-        rlimit r{limit, limit};
-        setrlimit(RLIMIT_FSIZE, &r);
-        _exit(write() ? 0 : 1);
+public:
+    FaultyFiles(std::string call, int error) : m_call(std::move(call)), m_error(error) {}
+    int open(const char *path, int flags, mode_t mode) override
+    {
+        return fails((flags & O_CREAT) ? "create" : "open") ? -1 : FileSystem::open(path, flags, mode);
     }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
+    ssize_t read(int fd, void *buffer, size_t size) override
+    {
+        return fails("read") ? -1 : FileSystem::read(fd, buffer, size);
+    }
+    ssize_t write(int fd, const void *bytes, size_t size) override
+    {
+        if (m_call == "write" && size > 1)
+            return FileSystem::write(fd, bytes, size - 1);
+        return fails("write") ? -1 : FileSystem::write(fd, bytes, size);
+    }
+    int fsync(int fd) override { return fails("fsync") ? -1 : FileSystem::fsync(fd); }
+    int close(int fd) override
+    {
+        const int closed = FileSystem::close(fd);
+        return fails("close") ? -1 : closed;
+    }
+    int rename(const char *from, const char *to) override { return fails("rename") ? -1 : FileSystem::rename(from, to); }
 
-struct FullDiskCase
-{
-    const char *name;
-    rlim_t room; // bytes a file may grow to
+private:
+    bool fails(const char *call)
+    {
+        if (m_call != call)
+            return false;
+        errno = m_error;
+        return true;
+    }
+    std::string m_call;
+    int m_error;
 };
 
-void PrintTo(const FullDiskCase &c, std::ostream *os)
+GameResult pendingWin(const std::string &name, double score)
 {
-    *os << c.name;
+    GameResult r;
+    r.result_pending = true;
+    r.result_name = name;
+    r.result_score = score;
+    r.result_days = 5;
+    r.result_spent = 200;
+    return r;
 }
 
-class FullDisk : public ::testing::TestWithParam<FullDiskCase>
+// What stands at a path, as far as a player could tell.
+std::string describe(const std::string &path)
 {
-};
+    struct stat st{};
+    if (::lstat(path.c_str(), &st) != 0)
+        return "nothing";
+    std::error_code ec;
+    std::string text = std::to_string(st.st_mode) + " " + fs::read_symlink(path, ec).string();
+    if (S_ISREG(st.st_mode))
+        text += " " + std::to_string(fs::file_size(path)) + " bytes";
+    return text;
+}
 
-TEST_P(FullDisk, leavesTheOldScoresFileByteForByte)
+size_t entries(const std::string &folder)
+{
+    return static_cast<size_t>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
+}
+
+TEST(UnreadableScores, areShownFromMemoryAndNeverWrittenOver)
+{
+    const struct
+    {
+        const char *name;
+        const char *call;
+        int error;
+        const char *standing; // what stands at "Scores" instead of a file
+    } rows[] = {
+        {"permission_denied", "open", EACCES, ""}, {"io_error_on_open", "open", EIO, ""},
+        {"too_many_open_files", "open", EMFILE, ""}, {"read_error", "read", EIO, ""},
+        {"a_fifo", "", 0, "fifo"},                   {"a_link_to_dev_zero", "", 0, "zero"},
+        {"a_folder", "", 0, "folder"},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.name);
+        TempDir dir;
+        const std::string path = dir.file("Scores");
+        dir.write("Scores", dollarRecord("Ann", 50, 3, 20));
+        ScoreTable table;
+        GameResult none;
+        openHighScores(none, table, path);
+        const std::string before = dir.read("Scores");
+        const std::string kind = row.standing;
+        if (!kind.empty())
+            fs::remove(path);
+        if (kind == "fifo") {
+            ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+        }
+        if (kind == "zero")
+            fs::create_symlink("/dev/zero", path);
+        if (kind == "folder")
+            fs::create_directory(path);
+        const std::string standing = describe(path);
+
+        FaultyFiles files(row.call, row.error);
+        GameResult win = pendingWin("Tom", 80);
+        const HighScoreScreenData data = openHighScores(win, table, path, files);
+        EXPECT_TRUE(data.loadFailed);
+        EXPECT_FALSE(data.saveFailed);
+        EXPECT_EQ(data.rows[0].cells[1].substr(0, 3), "Tom");
+        EXPECT_TRUE(data.rows[0].red);
+        EXPECT_EQ(data.rows[1].cells[1].substr(0, 3), "Ann");
+        EXPECT_EQ(describe(path), standing);
+        if (kind.empty()) {
+            EXPECT_EQ(dir.read("Scores"), before);
+        }
+        EXPECT_EQ(entries(dir.path()), 1u); // no temporary file left
+    }
+}
+
+TEST(FailedSave, leavesTheOldFileByteForByte)
+{
+    const struct
+    {
+        const char *call;
+        int error;
+    } rows[] = {{"create", EACCES}, {"write", ENOSPC}, {"fsync", EIO}, {"close", EIO}, {"rename", EXDEV}};
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.call);
+        TempDir dir;
+        const std::string old = dollarRecord("Ann", 50, 3, 20);
+        dir.write("Scores", old);
+        FaultyFiles files(row.call, row.error);
+        ScoreTable table;
+        GameResult win = pendingWin("Tom", 80);
+        const HighScoreScreenData data = openHighScores(win, table, dir.file("Scores"), files);
+        EXPECT_FALSE(data.loadFailed);
+        EXPECT_TRUE(data.saveFailed);
+        EXPECT_EQ(data.rows[0].cells[1].substr(0, 3), "Tom");
+        EXPECT_EQ(dir.read("Scores"), old);
+        EXPECT_EQ(entries(dir.path()), 1u);
+    }
+}
+
+// A linked Scores stays a link and its target gets the table; the mode the
+// player gave the file stays.
+TEST(Saving, keepsALinkALinkAndTheFilesMode)
+{
+    TempDir dir;
+    fs::create_directory(dir.file("kept"));
+    dir.write("kept/table", dollarRecord("Ann", 50, 3, 20));
+    ::chmod(dir.file("kept/table").c_str(), 0444);
+    fs::create_symlink("kept/table", dir.file("Scores"));
+    ScoreTable table;
+    GameResult win = pendingWin("Tom", 80);
+    EXPECT_FALSE(openHighScores(win, table, dir.file("Scores")).saveFailed);
+    EXPECT_TRUE(fs::is_symlink(dir.file("Scores")));
+    EXPECT_EQ(dir.read("kept/table").substr(0, 76), dollarRecord("Tom", 80, 5, 200) + dollarRecord("Ann", 50, 3, 20));
+    EXPECT_EQ(fs::status(dir.file("kept/table")).permissions(), fs::perms(0444));
+}
+
+TEST(PlayerFiles, areReadUpToTheirLimitAndNeverBlock)
+{
+    TempDir dir;
+    dir.write("last", "  Tom" + std::string(15, ' ') + "EXTRA");
+    EXPECT_EQ(readLastName(dir.file("last")), "  Tom"); // only the padding goes
+    const FileRead read = readPlayerFile(dir.file("last"), 20);
+    EXPECT_EQ(read.bytes.size(), 20u);
+    EXPECT_TRUE(read.longer);
+    ASSERT_EQ(::mkfifo(dir.file("tuteshow").c_str(), 0600), 0); // nobody ever writes into it
+    EXPECT_EQ(readTuteShow(dir.file("tuteshow")), 0);
+    EXPECT_EQ(readPlayerFile(dir.file("tuteshow"), 2).outcome, ReadOutcome::Failed);
+    EXPECT_EQ(readPlayerFile(dir.file("missing"), 2).outcome, ReadOutcome::Missing);
+}
+
+// Two games ending at once, many times over, some killed half way: the file
+// is a whole table at every moment, and both rows are in it whenever both
+// games finished.
+TEST(TwoGames, savingAtOnceKeepsBothRowsInAWholeFile)
 {
     TempDir dir;
     const std::string path = dir.file("Scores");
-    ASSERT_TRUE(SaveScores(path, tableWith("Tom", 88028)));
-    const std::string before = dir.read("Scores");
-
-    const bool saved = writeOnAFullDisk(GetParam().room, [&] { return SaveScores(path, tableWith("Ann", 99999)); });
-
-    EXPECT_FALSE(saved);
-    EXPECT_EQ(dir.read("Scores"), before);
-    // No half-written temporary file is left beside it.
-    int files = 0;
-    for (const auto &entry : std::filesystem::directory_iterator(dir.path()))
-        files += entry.is_regular_file() ? 1 : 0;
-    EXPECT_EQ(files, 1);
-}
-
-INSTANTIATE_TEST_SUITE_P(Room, FullDisk,
-                         ::testing::Values(FullDiskCase{"nothing_fits", 0}, FullDiskCase{"one_record_fits", 38},
-                                           FullDiskCase{"all_but_the_last_byte_fits", 797}),
-                         [](const auto &info) { return std::string(info.param.name); });
-
-TEST(FullDisk, leavesTheRememberedNameAlone)
-{
-    TempDir dir;
-    ASSERT_TRUE(writeLastName(dir.file("last"), "Tom"));
-    EXPECT_FALSE(writeOnAFullDisk(5, [&] { return writeLastName(dir.file("last"), "Annabel"); }));
-    EXPECT_EQ(readLastName(dir.file("last")), "Tom");
-}
-
-TEST(UnusableFolder, showsTheTableFromMemoryAndSaysTheSaveFailed)
-{
-    ScoreTable table = tableWith("Tom", 88028);
-    GameResult result;
-    result.result_pending = true;
-    result.result_name = "Ann";
-    result.result_score = 99999;
-    result.result_days = 5;
-    result.result_spent = 200;
-
-    const auto data = openHighScores(result, table, "/nonexistent-amorra-folder/Scores");
-    EXPECT_TRUE(data.loadFailed);
-    EXPECT_TRUE(data.saveFailed);
-    ASSERT_EQ(data.rows.size(), 20u);
-    EXPECT_EQ(data.rows[0].cells[1].substr(0, 3), "Ann");
-    EXPECT_TRUE(data.rows[0].red);
-    EXPECT_EQ(data.rows[1].cells[4], "88028");
-    EXPECT_EQ(data.champion, "Ann");
+    std::mt19937 dice(7);
+    const auto saver = [&](const std::string &name, double score) {
+        const pid_t child = fork();
+        if (child == 0) {
+            ScoreTable table;
+            GameResult win = pendingWin(name, score);
+            const HighScoreScreenData data = openHighScores(win, table, path);
+            _exit(data.loadFailed || data.saveFailed ? 1 : 0);
+        }
+        return child;
+    };
+    for (int round = 1; round <= 60; ++round) {
+        SCOPED_TRACE(round);
+        dir.write("Scores", dollarRecord("Old", 1, 1, 1) + std::string(20 * 38, '\0'));
+        const pid_t games[] = {saver("Ann", 1000 + round), saver("Bob", 2000 + round)};
+        if (dice() % 2) {
+            ::usleep(dice() % 3000);
+            ::kill(games[dice() % 2], SIGKILL);
+        }
+        int finished = 0;
+        for (const pid_t game : games) {
+            int status = 0;
+            while (::waitpid(game, &status, WNOHANG) == 0)
+                ASSERT_EQ(readPlayerFile(path, 1000).bytes.size(), 798u);
+            finished += WIFEXITED(status) && WEXITSTATUS(status) == 0;
+        }
+        const std::string file = dir.read("Scores");
+        ASSERT_EQ(file.size(), 798u);
+        ScoreTable table;
+        overlayScoreFile(file, table);
+        std::string names;
+        for (const ScoreRecord &r : table)
+            names += r.occupied() ? r.name.substr(0, 3) : "";
+        EXPECT_NE(names.find("Old"), std::string::npos);
+        if (finished == 2) {
+            ASSERT_EQ(names, "BobAnnOld");
+        }
+    }
 }
 
 } // namespace
