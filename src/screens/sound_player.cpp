@@ -2,14 +2,13 @@
 
 #include <QApplication>
 #include <QEventLoop>
-#include <QFile>
 #include <QTimer>
-#include <QtEndian>
 
 #include <algorithm>
 #include <condition_variable>
 #include <thread>
 #include <utility>
+#include <vector>
 
 namespace amorra {
 
@@ -30,83 +29,13 @@ constexpr auto kRoomPoll = 5ms;
 // that still claims to be playing after this is not waited for.
 constexpr auto kLongestStall = 3s;
 constexpr auto kLongestPlayOut = 2s;
-// Our effects are a few hundred kilobytes; of anything larger only the
-// start is played.
-constexpr qint64 kLargestFileBytes = 32 * 1024 * 1024;
-constexpr quint32 kHighestRate = 768000;
-
-constexpr quint16 kTagPcm = 1;
-constexpr quint16 kTagExtensible = 0xFFFE;
-
-quint32 le32(const QByteArray &b, qsizetype at)
-{
-    return qFromLittleEndian<quint32>(b.constData() + at);
-}
-
-quint16 le16(const QByteArray &b, qsizetype at)
-{
-    return qFromLittleEndian<quint16>(b.constData() + at);
-}
-
-std::optional<PcmFormat> readFormat(const QByteArray &bytes, qsizetype body, quint32 size)
-{
-    if (size < 16 || body + 16 > bytes.size())
-        return std::nullopt;
-    quint16 tag = le16(bytes, body);
-    const quint16 channels = le16(bytes, body + 2);
-    const quint32 rate = le32(bytes, body + 4);
-    const quint16 blockAlign = le16(bytes, body + 12);
-    const quint16 bits = le16(bytes, body + 14);
-    // The extended header names its real format at the start of its GUID.
-    if (tag == kTagExtensible) {
-        if (size < 40 || body + 40 > bytes.size())
-            return std::nullopt;
-        tag = le16(bytes, body + 24);
-    }
-    if (tag != kTagPcm || channels == 0 || rate == 0 || rate > kHighestRate || blockAlign % channels != 0)
-        return std::nullopt;
-    const int bytesPerSample = blockAlign / channels;
-    // Samples sit in the smallest whole number of bytes that holds them.
-    if (bytesPerSample < 1 || bytesPerSample > 4 || bits == 0 || (bits + 7) / 8 != bytesPerSample)
-        return std::nullopt;
-    return PcmFormat{channels, int(rate), bytesPerSample};
-}
+// The slice the sound thread reads and plays at a time, whatever the clip.
+constexpr std::size_t kBufferBytes = 64 * 1024;
 
 } // namespace
 
-int WavClip::durationMs() const
-{
-    return int(qint64(frames()) * 1000 / format.rate);
-}
-
-std::optional<WavClip> parseWav(const QByteArray &bytes)
-{
-    if (bytes.size() < 12 || !bytes.startsWith("RIFF") || bytes.mid(8, 4) != "WAVE")
-        return std::nullopt;
-    std::optional<PcmFormat> format;
-    qsizetype at = 12;
-    while (at + 8 <= bytes.size()) {
-        const QByteArray id = bytes.mid(at, 4);
-        const quint32 size = le32(bytes, at + 4);
-        const qsizetype body = at + 8;
-        if (id == "fmt ") {
-            format = readFormat(bytes, body, size);
-            if (!format)
-                return std::nullopt;
-        } else if (id == "data") {
-            if (!format)
-                return std::nullopt;
-            const qsizetype held = std::min<qsizetype>(size, bytes.size() - body);
-            return WavClip{*format, bytes.mid(body, held - held % format->frameBytes())};
-        }
-        // Chunks of odd size carry a pad byte.
-        at = body + qsizetype(size) + (size & 1);
-    }
-    return std::nullopt;
-}
-
-// Owns the device: takes the newest clip, feeds it in slices and lets the
-// device go after a while of silence.
+// Owns the device: takes the newest clip, reads and feeds it in slices and
+// lets the device go after a while of silence.
 class AlsaSoundPlayer::Worker
 {
 public:
@@ -115,6 +44,7 @@ public:
         : m_sink(std::move(sink))
         , m_idleClose(idleClose)
         , m_finished(std::move(finished))
+        , m_buffer(kBufferBytes)
         , m_thread([this] { run(); })
     {
     }
@@ -130,7 +60,7 @@ public:
     }
 
     // Replaces whatever clip was asked for before.
-    void play(std::shared_ptr<const WavClip> clip, std::uint64_t id)
+    void play(std::shared_ptr<WavStream> clip, std::uint64_t id)
     {
         {
             const std::lock_guard lock(m_mutex);
@@ -142,7 +72,7 @@ public:
 private:
     struct Job
     {
-        std::shared_ptr<const WavClip> clip;
+        std::shared_ptr<WavStream> clip;
         std::uint64_t id = 0;
     };
 
@@ -175,21 +105,31 @@ private:
         closeSink();
     }
 
-    void playClip(const WavClip &clip)
+    void playClip(WavStream &clip)
     {
-        if (!ensureOpen(clip.format))
+        const PcmFormat format = clip.layout().format;
+        if (!ensureOpen(format))
             return;
-        const std::size_t frameBytes = std::size_t(clip.format.frameBytes());
-        const std::size_t total = clip.frames();
-        const std::size_t slice = std::size_t(std::max(1, clip.format.rate / kSlicesPerSecond));
+        const std::size_t frameBytes = std::size_t(format.frameBytes()); // at most 65535: one fits the buffer
+        const std::size_t slice =
+            std::max<std::size_t>(1, std::min<std::size_t>(std::size_t(format.rate / kSlicesPerSecond),
+                                                           m_buffer.size() / frameBytes));
+        std::size_t held = 0; // frames in the buffer not yet taken by the device
+        std::size_t at = 0;
         Clock::time_point lastTaken = Clock::now();
         std::chrono::milliseconds patience{0};
-        for (std::size_t at = 0; at < total;) {
+        for (;;) {
+            if (held == 0) {
+                held = clip.read(m_buffer.data(), slice);
+                at = 0;
+                if (held == 0)
+                    break;
+            }
             if (newerAsked(patience)) {
                 m_sink->drop();
                 return;
             }
-            const long taken = m_sink->write(clip.pcm.constData() + at * frameBytes, std::min(slice, total - at));
+            const long taken = m_sink->write(m_buffer.data() + at * frameBytes, held);
             const Clock::time_point now = Clock::now();
             if (taken < 0 || (taken == 0 && now - lastTaken > kLongestStall)) {
                 closeSink();
@@ -199,6 +139,7 @@ private:
             patience = taken == 0 ? kRoomPoll : std::chrono::milliseconds{0};
             if (taken > 0) {
                 at += std::size_t(taken);
+                held -= std::size_t(taken);
                 lastTaken = now;
             }
         }
@@ -249,6 +190,7 @@ private:
     bool m_quit = false;
 
     // Only the sound thread touches these.
+    std::vector<char> m_buffer;
     bool m_open = false;
     PcmFormat m_openFormat;
 
@@ -275,7 +217,7 @@ AlsaSoundPlayer::~AlsaSoundPlayer()
 
 void AlsaSoundPlayer::play(const QString &file, SoundMode mode)
 {
-    const std::shared_ptr<const WavClip> sound = clip(file);
+    const std::shared_ptr<WavStream> sound = WavStream::open(file);
     if (!sound) {
         if (mode == SoundMode::Async && m_beep)
             m_beep();
@@ -295,7 +237,7 @@ void AlsaSoundPlayer::play(const QString &file, SoundMode mode)
     QTimer timeout;
     timeout.setSingleShot(true);
     QObject::connect(&timeout, &QTimer::timeout, &loop, &QEventLoop::quit);
-    timeout.start(std::min(sound->durationMs(), kLongestWaitMs) + kWaitMarginMs);
+    timeout.start(std::min(sound->layout().durationMs(), kLongestWaitMs) + kWaitMarginMs);
     QEventLoop *outer = nullptr;
     std::uint64_t outerId = 0;
     {
@@ -322,17 +264,6 @@ void AlsaSoundPlayer::finished(std::uint64_t id)
     m_lastFinished = std::max(m_lastFinished, id);
     if (m_waiting && id >= m_awaited)
         QMetaObject::invokeMethod(m_waiting, "quit", Qt::QueuedConnection);
-}
-
-std::shared_ptr<const WavClip> AlsaSoundPlayer::clip(const QString &file)
-{
-    // Read afresh each time: from the page cache that takes microseconds,
-    // while keeping every clip played would hold about a megabyte.
-    QFile f(file);
-    if (!f.open(QIODevice::ReadOnly))
-        return nullptr;
-    std::optional<WavClip> wav = parseWav(f.read(kLargestFileBytes));
-    return wav ? std::make_shared<const WavClip>(std::move(*wav)) : nullptr;
 }
 
 } // namespace amorra

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "alsa_output.h"
+#include "wav_reader.h"
 
 #include "view/game_view.h"
 
-#include <QByteArray>
 #include <QString>
 
 #include <chrono>
@@ -12,7 +12,6 @@
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <optional>
 
 class QEventLoop;
 
@@ -27,22 +26,9 @@ public:
     virtual void play(const QString &file, SoundMode mode) = 0;
 };
 
-// A WAV file's sound, ready for the device.
-struct WavClip
-{
-    PcmFormat format;
-    QByteArray pcm; // whole frames only
-
-    std::size_t frames() const { return std::size_t(pcm.size()) / std::size_t(format.frameBytes()); }
-    int durationMs() const;
-};
-
-// The sound in a PCM WAV file (8-bit unsigned or 16/24/32-bit signed);
-// nothing when the bytes are not one. A cut-off file plays what it holds.
-std::optional<WavClip> parseWav(const QByteArray &bytes);
-
-// The real player: a thread of its own feeds the device, so a click never
-// waits for the sound system. A missing or unreadable file gives the
+// The real player: a thread of its own reads the file a slice at a time and
+// feeds the device, so a click never waits for the sound system and a long
+// clip costs no more memory than a short one. A missing or unreadable file gives the
 // desktop's beep for `Async` and silence for `Wait`; without a sound device
 // it stays silent and `Wait` returns at once.
 class AlsaSoundPlayer final : public SoundPlayer
@@ -60,7 +46,7 @@ public:
 private:
     class Worker;
 
-    std::shared_ptr<const WavClip> clip(const QString &file);
+
     void finished(std::uint64_t id);
 
     std::function<void()> m_beep;
