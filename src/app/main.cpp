@@ -17,6 +17,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
+#include <unistd.h>
 
 namespace {
 
@@ -31,6 +32,26 @@ void printUsage(const char *prog, const std::string &folder)
                 "  -h, --help     show this help and exit\n"
                 "  --version      show the version and exit\n",
                 prog, folder.empty() ? "$XDG_DATA_HOME/amorra (not set, and HOME is not set either)" : folder.c_str());
+}
+
+// Without a desktop Qt's platform plugin aborts the program with a page of
+// advice; the player gets one line and a plain failure instead. What the
+// plugin says on the way is held back until the desktop is known to work.
+QtMessageHandler g_passOn = nullptr;
+QList<std::pair<QtMsgType, QString>> g_heldBack;
+
+void startUpMessages(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    if (type == QtFatalMsg) {
+        std::fputs("Amorra needs a graphical desktop, and none could be reached (is DISPLAY or WAYLAND_DISPLAY "
+                   "set?).\n",
+                   stderr);
+        _exit(1);
+    }
+    if (QByteArray(context.category ? context.category : "").startsWith("qt.qpa"))
+        g_heldBack.append({type, message});
+    else if (g_passOn)
+        g_passOn(type, context, message);
 }
 
 } // namespace
@@ -71,7 +92,11 @@ int main(int argc, char *argv[])
     for (const std::string &name : amorra::nameSoundStreams())
         soundNames << QString::fromStdString(name);
 
+    g_passOn = qInstallMessageHandler(startUpMessages);
     QApplication app(argc, argv);
+    qInstallMessageHandler(g_passOn);
+    for (const auto &[type, message] : std::as_const(g_heldBack))
+        qt_message_output(type, QMessageLogContext(), message);
     // The application owns the style (the analyzer sees the leak one line late).
     // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks)
     QApplication::setStyle(new amorra::AppStyle);
