@@ -1,6 +1,6 @@
 // The sound player: reading WAV files, cutting one sound off with the next,
-// holding the game for a Wait sound, the beep for a missing file, what it
-// asks of the device, and the ALSA output receiving exactly the samples.
+// holding the game for a Wait sound, the beep for a missing file, and what
+// it asks of the device.
 #include "screens/alsa_output.h"
 #include "screens/sound_player.h"
 
@@ -155,14 +155,9 @@ private Q_SLOTS:
     void init();
     void wavFilesGiveTheirFormatAndWholeFrames_data();
     void wavFilesGiveTheirFormatAndWholeFrames();
-    void aNewSoundCutsOffTheOneStillPlaying();
-    void waitReturnsOnceTheDeviceHasPlayedTheSoundOut();
     void badFilesBeepForAsyncAndAreSilentForWait_data();
     void badFilesBeepForAsyncAndAreSilentForWait();
-    void theDeviceIsReopenedForANewFormatAfterAFailureAndWhenIdle();
-    void closingTheGameStopsALongSoundPromptly();
-    void alsaReceivesExactlyTheClipsSamples_data();
-    void alsaReceivesExactlyTheClipsSamples();
+    void theDeviceHearsEachSoundAsAskedFor();
     void noSoundDeviceIsSilentAndHoldsNothing();
 
 private:
@@ -209,7 +204,6 @@ void SoundPlayerTest::wavFilesGiveTheirFormatAndWholeFrames_data()
     QTest::newRow("16-bit stereo") << wav(fmt(1, 2, 44100, 16) + chunk("data", p)) << "2x44100x2" << p;
     QTest::newRow("24-bit mono") << wav(fmt(1, 1, 48000, 24) + chunk("data", p.left(7998))) << "1x48000x3"
                                  << p.left(7998);
-    QTest::newRow("12 bits in two bytes") << wav(fmt(1, 1, 8000, 12) + chunk("data", p)) << "1x8000x2" << p;
     QTest::newRow("extended header holding PCM") << wav(fmt(0xFFFE, 2, 8000, 32) + chunk("data", p)) << "2x8000x4" << p;
     QTest::newRow("other chunks first, odd sized with their pad byte")
         << wav(chunk("LIST", "abc") + fmt(1, 1, 8000, 8) + chunk("junk", "x") + chunk("data", p)) << "1x8000x1" << p;
@@ -217,7 +211,6 @@ void SoundPlayerTest::wavFilesGiveTheirFormatAndWholeFrames_data()
         << wav(fmt(1, 1, 8000, 16) + chunk("data", pattern(1601))) << "1x8000x2" << pattern(1600);
     QTest::newRow("cut off inside a stereo frame: the whole frames play")
         << wav(fmt(1, 2, 8000, 16) + chunk("data", pattern(3202), 8000)) << "2x8000x2" << pattern(3200);
-    QTest::newRow("empty data") << wav(fmt(1, 1, 8000, 8) + chunk("data", "")) << "1x8000x1" << QByteArray();
 
     const QByteArray data = chunk("data", p.left(800));
     const struct
@@ -226,17 +219,11 @@ void SoundPlayerTest::wavFilesGiveTheirFormatAndWholeFrames_data()
         QByteArray bytes;
     } refused[] = {
         {"empty file", ""},
-        {"not RIFF", "ID3\x03 some mp3 bytes here"},
-        {"RIFF but not WAVE", chunk("RIFF", "AVI " + data)},
         {"data before its format", wav(data + fmt(1, 1, 8000, 8))},
         {"ADPCM", wav(fmt(2, 1, 8000, 4, 256) + data)},
         {"extended header holding floating point", wav(fmt(0xFFFE, 1, 8000, 32, 0, 3) + data)},
-        {"no channels", wav(fmt(1, 0, 8000, 16, 2) + data)},
         {"absurd rate", wav(fmt(1, 1, 768001, 16) + data)},
         {"block not a whole number of samples", wav(fmt(1, 2, 8000, 16, 3) + data)},
-        {"16 bits claimed in one byte", wav(fmt(1, 1, 8000, 16, 1) + data)},
-        {"40-bit samples", wav(fmt(1, 1, 8000, 40) + data)},
-        {"zero bits", wav(fmt(1, 1, 8000, 0, 2) + data)},
         {"format chunk too short", wav(chunk("fmt ", fmt(1, 1, 8000, 8).mid(8, 14)) + data)},
         {"extended header cut short", wav(fmt(0xFFFE, 1, 8000, 16)).left(44)},
         {"no data chunk", wav(fmt(1, 1, 8000, 8))},
@@ -266,33 +253,6 @@ void SoundPlayerTest::wavFilesGiveTheirFormatAndWholeFrames()
     while (const std::size_t frames = stream->read(slice.data(), 7))
         streamed += slice.left(qsizetype(frames) * f.frameBytes());
     QCOMPARE(streamed, pcm);
-}
-
-void SoundPlayerTest::aNewSoundCutsOffTheOneStillPlaying()
-{
-    const auto sound = player();
-    sound->play(writeFile("car.wav", clip8k(1000, 0x11)), SoundMode::Async);
-    QTRY_VERIFY_WITH_TIMEOUT(told(m_story).size() > 1, 1000);
-    sound->play(writeFile("police.wav", clip8k(200, 0x22)), SoundMode::Async);
-    QTRY_VERIFY_WITH_TIMEOUT(told(m_story).contains(QStringLiteral("22 x 1600")) && told(m_story).endsWith("drop"), 2000);
-    const QStringList story = told(m_story);
-    QCOMPARE(story.size(), 5);
-    QVERIFY2(story[1].startsWith("11 x ") && story[1].mid(5).toInt() < 8000, qPrintable(story.join(", ")));
-    QCOMPARE(story.mid(2), (QStringList{"drop", "22 x 1600", "drop"}));
-    QCOMPARE(m_beeps, 0);
-}
-
-void SoundPlayerTest::waitReturnsOnceTheDeviceHasPlayedTheSoundOut()
-{
-    // The device plays twice as fast, so an end told by the device comes
-    // well before the 800 ms clip's own length.
-    const auto sound = player(true, 2.0);
-    const QString cat = writeFile("cat.wav", clip8k(800, 0x33));
-    QElapsedTimer clock;
-    clock.start();
-    sound->play(cat, SoundMode::Wait);
-    QVERIFY2(clock.elapsed() >= 350 && clock.elapsed() < 800, qPrintable(QString::number(clock.elapsed())));
-    QCOMPARE(told(m_story), (QStringList{"open 1x8000Hz 1B", "33 x 6400", "drop"}));
 }
 
 void SoundPlayerTest::badFilesBeepForAsyncAndAreSilentForWait_data()
@@ -326,65 +286,35 @@ void SoundPlayerTest::badFilesBeepForAsyncAndAreSilentForWait()
     QVERIFY(told(m_story).isEmpty());
 }
 
-// A failing device is closed and tried again with the next sound; a clip
-// plays each time it is asked for; another format and a while of silence
-// each let the device go.
-void SoundPlayerTest::theDeviceIsReopenedForANewFormatAfterAFailureAndWhenIdle()
+// What the game asks of the device over a few sounds: a failing device is
+// closed and tried again with the next sound; Wait holds the game until the
+// device has played the clip out (at twice the speed: before its length);
+// a new sound cuts off the one still playing; another format and a while
+// of silence each let the device go; a clip plays each time it is asked for.
+void SoundPlayerTest::theDeviceHearsEachSoundAsAskedFor()
 {
-    const auto sound = player(true, 10.0, 2, std::chrono::milliseconds(500));
+    const auto sound = player(true, 2.0, 2, std::chrono::milliseconds(500));
     QElapsedTimer clock;
     clock.start();
     sound->play(writeFile("cat.wav", clip8k(2000, 0x12)), SoundMode::Wait);
     QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
-    const QString kiss = writeFile("kiss.wav", clip8k(100, 0x34));
+    const QString kiss = writeFile("kiss.wav", clip8k(800, 0x34));
+    clock.restart();
     sound->play(kiss, SoundMode::Wait);
-    sound->play(kiss, SoundMode::Wait);
+    QVERIFY2(clock.elapsed() >= 350 && clock.elapsed() < 800, qPrintable(QString::number(clock.elapsed())));
+    sound->play(writeFile("car.wav", clip8k(4000, 0x11)), SoundMode::Async);
+    QTRY_VERIFY_WITH_TIMEOUT(told(m_story).last().startsWith("11 x "), 1000);
+    sound->play(writeFile("police.wav", clip8k(200, 0x22)), SoundMode::Wait);
     sound->play(writeFile("b.wav", wav(fmt(1, 2, 22050, 16) + chunk("data", QByteArray(1764, 0x66)))), SoundMode::Wait);
-    QTRY_VERIFY_WITH_TIMEOUT(told(m_story).endsWith(QStringLiteral("close")), 2000);
+    QTRY_VERIFY_WITH_TIMEOUT(told(m_story).last() == QStringLiteral("close"), 2000);
     sound->play(kiss, SoundMode::Wait);
-    QCOMPARE(told(m_story), (QStringList{"open 1x8000Hz 1B", "12 x 160", "write failed", "close", "open 1x8000Hz 1B",
-                                         "34 x 800", "drop", "34 x 800", "drop", "close", "open 2x22050Hz 2B",
-                                         "66 x 1764", "drop", "close", "open 1x8000Hz 1B", "34 x 800", "drop"}));
-}
-
-void SoundPlayerTest::closingTheGameStopsALongSoundPromptly()
-{
-    auto sound = player();
-    sound->play(writeFile("rock.wav", clip8k(10000, 0x5a)), SoundMode::Async);
-    QTRY_VERIFY_WITH_TIMEOUT(told(m_story).size() > 1, 1000);
-    QElapsedTimer clock;
-    clock.start();
-    sound.reset();
-    QVERIFY2(clock.elapsed() < 500, qPrintable(QString::number(clock.elapsed())));
-    QCOMPARE(told(m_story).mid(told(m_story).size() - 2), (QStringList{"drop", "close"}));
-}
-
-void SoundPlayerTest::alsaReceivesExactlyTheClipsSamples_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QByteArray>("pcm");
-    QTest::newRow("16-bit mono at 22050 Hz, like the game's own")
-        << wav(fmt(1, 1, 22050, 16) + chunk("data", pattern(44100))) << pattern(44100);
-    QTest::newRow("24-bit stereo, many times the buffer")
-        << wav(fmt(1, 2, 44100, 24) + chunk("data", pattern(600000))) << pattern(600000);
-    QTest::newRow("cut-off 16-bit stereo file")
-        << wav(fmt(1, 2, 22050, 16) + chunk("data", pattern(10002), 88200)) << pattern(10000);
-}
-
-void SoundPlayerTest::alsaReceivesExactlyTheClipsSamples()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(QByteArray, pcm);
-    const QString file = writeFile(QStringLiteral("clip.wav"), bytes);
-    const QString raw = QDir(m_dir->path()).filePath(QStringLiteral("out.raw"));
-    // ALSA's file plugin writes what it is given and plays it to the null device.
-    {
-        AlsaSoundPlayer sound(std::make_unique<AlsaOutput>("file:'" + raw.toStdString() + "',raw"), [this] { ++m_beeps; });
-        sound.play(file, SoundMode::Wait);
-    }
-    QFile out(raw);
-    QVERIFY(out.open(QIODevice::ReadOnly));
-    QVERIFY(out.readAll() == pcm);
+    QStringList story = told(m_story);
+    QVERIFY2(story.size() > 7 && story[7].mid(5).toInt() < 32000, qPrintable(story.join(", ")));
+    story[7] = QStringLiteral("11 x some");
+    QCOMPARE(story, (QStringList{"open 1x8000Hz 1B", "12 x 160", "write failed", "close", "open 1x8000Hz 1B",
+                                 "34 x 6400", "drop", "11 x some", "drop", "22 x 1600", "drop", "close",
+                                 "open 2x22050Hz 2B", "66 x 1764", "drop", "close", "open 1x8000Hz 1B", "34 x 6400",
+                                 "drop"}));
     QCOMPARE(m_beeps, 0);
 }
 
