@@ -11,6 +11,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <random>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -34,31 +35,21 @@ public:
     {
         return fails((flags & O_CREAT) ? "create" : "open") ? -1 : FileSystem::open(path, flags, mode);
     }
-    ssize_t read(int fd, void *buffer, size_t size) override
+    ssize_t read(int fd, void *to, size_t n) override { return fails("read") ? -1 : FileSystem::read(fd, to, n); }
+    ssize_t write(int fd, const void *from, size_t n) override
     {
-        return fails("read") ? -1 : FileSystem::read(fd, buffer, size);
-    }
-    ssize_t write(int fd, const void *bytes, size_t size) override
-    {
-        if (m_call == "write" && size > 1)
-            return FileSystem::write(fd, bytes, size - 1);
-        return fails("write") ? -1 : FileSystem::write(fd, bytes, size);
+        return m_call == "write" && n > 1 ? FileSystem::write(fd, from, n - 1)
+                                          : fails("write") ? -1 : FileSystem::write(fd, from, n);
     }
     int fsync(int fd) override { return fails("fsync") ? -1 : FileSystem::fsync(fd); }
-    int close(int fd) override
-    {
-        const int closed = FileSystem::close(fd);
-        return fails("close") ? -1 : closed;
-    }
+    int close(int fd) override { return FileSystem::close(fd) != 0 || fails("close") ? -1 : 0; }
     int rename(const char *from, const char *to) override { return fails("rename") ? -1 : FileSystem::rename(from, to); }
 
 private:
     bool fails(const char *call)
     {
-        if (m_call != call)
-            return false;
         errno = m_error;
-        return true;
+        return m_call == call;
     }
     std::string m_call;
     int m_error;
@@ -75,17 +66,16 @@ GameResult pendingWin(const std::string &name, double score)
     return r;
 }
 
-// What stands at a path, as far as a player could tell.
+// What stands at a path: its kind, mode, owner, link target and bytes.
 std::string describe(const std::string &path)
 {
     struct stat st{};
     if (::lstat(path.c_str(), &st) != 0)
         return "nothing";
     std::error_code ec;
-    std::string text = std::to_string(st.st_mode) + " " + fs::read_symlink(path, ec).string();
-    if (S_ISREG(st.st_mode))
-        text += " " + std::to_string(fs::file_size(path)) + " bytes";
-    return text;
+    std::ifstream in(S_ISREG(st.st_mode) ? path : "", std::ios::binary);
+    return std::to_string(st.st_mode) + " " + std::to_string(st.st_uid) + " " + fs::read_symlink(path, ec).string() +
+           " " + std::string(std::istreambuf_iterator<char>(in), {});
 }
 
 size_t entries(const std::string &folder)
@@ -115,7 +105,7 @@ TEST(UnreadableScores, areShownFromMemoryAndNeverWrittenOver)
         ScoreTable table;
         GameResult none;
         openHighScores(none, table, path);
-        const std::string before = dir.read("Scores");
+        ::chmod(path.c_str(), 0604);
         const std::string kind = row.standing;
         if (!kind.empty())
             fs::remove(path);
@@ -137,9 +127,6 @@ TEST(UnreadableScores, areShownFromMemoryAndNeverWrittenOver)
         EXPECT_TRUE(data.rows[0].red);
         EXPECT_EQ(data.rows[1].cells[1].substr(0, 3), "Ann");
         EXPECT_EQ(describe(path), standing);
-        if (kind.empty()) {
-            EXPECT_EQ(dir.read("Scores"), before);
-        }
         EXPECT_EQ(entries(dir.path()), 1u); // no temporary file left
     }
 }

@@ -66,84 +66,61 @@ QByteArray clip8k(int ms, char fill)
 }
 
 using Clock = std::chrono::steady_clock;
+std::mutex g_storyMutex; // the test reads the story while the sound thread writes it
 
-// A sound device in the test's hands. It plays `speed` times faster than
-// real time, holds 100 ms ahead, and tells what it was asked: "open
-// 1x8000Hz 1B", "11 x 160" (bytes of one value, merged), "drop", "close",
-// "open failed", "write failed" (the write numbered `failingWrite`).
-class FakeDevice final : public PcmSink
+// A sound device that plays `speed` times faster than real time, holds 100 ms
+// ahead, and tells what it was asked: "open 1x8000Hz 1B", "11 x 160" (bytes
+// of one value, merged), "drop", "close", "open failed", "write failed" (the
+// write numbered `failingWrite`).
+struct FakeDevice final : PcmSink
 {
-public:
-    FakeDevice(std::shared_ptr<QStringList> story, bool opens = true, double speed = 1.0, int failingWrite = 0)
-        : m_story(std::move(story)), m_opens(opens), m_speed(speed), m_failingWrite(failingWrite)
-    {
-    }
+    FakeDevice(QStringList *story, bool opens, double speed, int failingWrite)
+        : story(story), opens(opens), speed(speed), failingWrite(failingWrite) {}
     bool open(const PcmFormat &f) override
     {
-        m_format = f;
-        tell(m_opens ? QStringLiteral("open %1x%2Hz %3B").arg(f.channels).arg(f.rate).arg(f.bytesPerSample)
-                     : QStringLiteral("open failed"));
-        return m_opens;
+        format = f;
+        tell(opens ? QStringLiteral("open %1x%2Hz %3B").arg(f.channels).arg(f.rate).arg(f.bytesPerSample) : "open failed");
+        return opens;
     }
     long write(const char *frames, std::size_t count) override
     {
-        if (++m_writes == m_failingWrite) {
-            tell(QStringLiteral("write failed"));
-            return -1;
-        }
-        count = std::min(count, std::size_t(std::max(0L, m_format.rate / 10 - queued())));
-        if (count == 0) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(2));
-            return 0;
-        }
-        m_queued += double(count);
-        const int bytes = int(count) * m_format.frameBytes();
-        const QString fill = QString::number(quint8(frames[0]), 16) + QStringLiteral(" x ");
-        const std::lock_guard lock(m_mutex);
-        if (!m_story->isEmpty() && m_story->last().startsWith(fill))
-            m_story->last() = fill + QString::number(m_story->last().mid(fill.size()).toInt() + bytes);
-        else
-            m_story->append(fill + QString::number(bytes));
+        if (++writes == failingWrite)
+            return tell("write failed"), -1;
+        count = std::min(count, std::size_t(std::max(0L, format.rate / 10 - queued())));
+        if (count == 0)
+            return std::this_thread::sleep_for(std::chrono::milliseconds(2)), 0;
+        held += double(count);
+        const QString fill = QString::number(quint8(frames[0]), 16) + " x ";
+        const int before = story->isEmpty() || !story->last().startsWith(fill) ? -1 : story->last().mid(fill.size()).toInt();
+        if (before >= 0)
+            story->removeLast();
+        tell(fill + QString::number(std::max(before, 0) + int(count) * format.frameBytes()));
         return long(count);
     }
     long queued() override
     {
         const Clock::time_point now = Clock::now();
-        m_queued = std::max(0.0, m_queued - std::chrono::duration<double>(now - m_since).count() * m_format.rate * m_speed);
-        m_since = now;
-        return long(std::ceil(m_queued));
+        held = std::max(0.0, held - std::chrono::duration<double>(now - since).count() * format.rate * speed);
+        since = now;
+        return long(std::ceil(held));
     }
-    void drop() override
-    {
-        m_queued = 0;
-        tell(QStringLiteral("drop"));
-    }
-    void close() override { tell(QStringLiteral("close")); }
-
-    static std::mutex m_mutex; // the story is read by the test while the sound thread writes it
-
-private:
+    void drop() override { held = 0, tell("drop"); }
+    void close() override { tell("close"); }
     void tell(const QString &what)
     {
-        const std::lock_guard lock(m_mutex);
-        m_story->append(what);
+        const std::lock_guard lock(g_storyMutex);
+        story->append(what);
     }
-    std::shared_ptr<QStringList> m_story;
-    const bool m_opens;
-    const double m_speed;
-    const int m_failingWrite;
-    PcmFormat m_format;
-    double m_queued = 0;
-    Clock::time_point m_since = Clock::now();
-    int m_writes = 0;
-};
-std::mutex FakeDevice::m_mutex;
 
-QStringList told(const std::shared_ptr<QStringList> &story)
-{
-    const std::lock_guard lock(FakeDevice::m_mutex);
-    return *story;
-}
+    QStringList *story;
+    const bool opens;
+    const double speed;
+    const int failingWrite;
+    PcmFormat format;
+    double held = 0;
+    Clock::time_point since = Clock::now();
+    int writes = 0;
+};
 
 } // namespace
 
@@ -161,19 +138,24 @@ private Q_SLOTS:
     void noSoundDeviceIsSilentAndHoldsNothing();
 
 private:
+    QStringList told()
+    {
+        const std::lock_guard lock(g_storyMutex);
+        return m_story;
+    }
     QString writeFile(const QString &name, const QByteArray &bytes);
     std::unique_ptr<AlsaSoundPlayer> player(bool opens = true, double speed = 1.0, int failingWrite = 0,
                                             std::chrono::milliseconds idleClose = std::chrono::seconds(3));
 
     std::unique_ptr<QTemporaryDir> m_dir;
-    std::shared_ptr<QStringList> m_story;
+    QStringList m_story;
     int m_beeps = 0;
 };
 
 void SoundPlayerTest::init()
 {
     m_dir = std::make_unique<QTemporaryDir>();
-    m_story = std::make_shared<QStringList>();
+    m_story.clear();
     m_beeps = 0;
 }
 
@@ -189,7 +171,7 @@ QString SoundPlayerTest::writeFile(const QString &name, const QByteArray &bytes)
 std::unique_ptr<AlsaSoundPlayer> SoundPlayerTest::player(bool opens, double speed, int failingWrite,
                                                          std::chrono::milliseconds idleClose)
 {
-    return std::make_unique<AlsaSoundPlayer>(std::make_unique<FakeDevice>(m_story, opens, speed, failingWrite),
+    return std::make_unique<AlsaSoundPlayer>(std::make_unique<FakeDevice>(&m_story, opens, speed, failingWrite),
                                              [this] { ++m_beeps; }, idleClose);
 }
 
@@ -283,7 +265,7 @@ void SoundPlayerTest::badFilesBeepForAsyncAndAreSilentForWait()
     sound->play(path, wait ? SoundMode::Wait : SoundMode::Async);
     QVERIFY(clock.elapsed() < 500);
     QCOMPARE(m_beeps, wait ? 0 : 1);
-    QVERIFY(told(m_story).isEmpty());
+    QVERIFY(told().isEmpty());
 }
 
 // What the game asks of the device over a few sounds: a failing device is
@@ -303,12 +285,12 @@ void SoundPlayerTest::theDeviceHearsEachSoundAsAskedFor()
     sound->play(kiss, SoundMode::Wait);
     QVERIFY2(clock.elapsed() >= 350 && clock.elapsed() < 800, qPrintable(QString::number(clock.elapsed())));
     sound->play(writeFile("car.wav", clip8k(4000, 0x11)), SoundMode::Async);
-    QTRY_VERIFY_WITH_TIMEOUT(told(m_story).last().startsWith("11 x "), 1000);
+    QTRY_VERIFY_WITH_TIMEOUT(told().last().startsWith("11 x "), 1000);
     sound->play(writeFile("police.wav", clip8k(200, 0x22)), SoundMode::Wait);
     sound->play(writeFile("b.wav", wav(fmt(1, 2, 22050, 16) + chunk("data", QByteArray(1764, 0x66)))), SoundMode::Wait);
-    QTRY_VERIFY_WITH_TIMEOUT(told(m_story).last() == QStringLiteral("close"), 2000);
+    QTRY_VERIFY_WITH_TIMEOUT(told().last() == QStringLiteral("close"), 2000);
     sound->play(kiss, SoundMode::Wait);
-    QStringList story = told(m_story);
+    QStringList story = told();
     QVERIFY2(story.size() > 7 && story[7].mid(5).toInt() < 32000, qPrintable(story.join(", ")));
     story[7] = QStringLiteral("11 x some");
     QCOMPARE(story, (QStringList{"open 1x8000Hz 1B", "12 x 160", "write failed", "close", "open 1x8000Hz 1B",
@@ -332,7 +314,7 @@ void SoundPlayerTest::noSoundDeviceIsSilentAndHoldsNothing()
         }
     }
     QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
-    const QStringList story = told(m_story); // the Wait may take the Async's place before it starts
+    const QStringList story = told(); // the Wait may take the Async's place before it starts
     QVERIFY(!story.isEmpty() && story.count(QStringLiteral("open failed")) == story.size());
     QCOMPARE(m_beeps, 0);
 }
