@@ -85,13 +85,7 @@ size_t entries(const std::string &folder)
 
 TEST(UnreadableScores, areShownFromMemoryAndNeverWrittenOver)
 {
-    const struct
-    {
-        const char *name;
-        const char *call;
-        int error;
-        const char *standing; // what stands at "Scores" instead of a file
-    } rows[] = {
+    const struct { const char *name; const char *call; int error; const char *standing; } rows[] = {
         {"permission_denied", "open", EACCES, ""}, {"io_error_on_open", "open", EIO, ""},
         {"too_many_open_files", "open", EMFILE, ""}, {"read_error", "read", EIO, ""},
         {"a_fifo", "", 0, "fifo"},                   {"a_link_to_dev_zero", "", 0, "zero"},
@@ -133,11 +127,7 @@ TEST(UnreadableScores, areShownFromMemoryAndNeverWrittenOver)
 
 TEST(FailedSave, leavesTheOldFileByteForByte)
 {
-    const struct
-    {
-        const char *call;
-        int error;
-    } rows[] = {{"create", EACCES}, {"write", ENOSPC}, {"fsync", EIO}, {"close", EIO}, {"rename", EXDEV}};
+    const struct { const char *call; int error; } rows[] = {{"create", EACCES}, {"write", ENOSPC}, {"fsync", EIO}, {"close", EIO}, {"rename", EXDEV}};
     for (const auto &row : rows) {
         SCOPED_TRACE(row.call);
         TempDir dir;

@@ -72,14 +72,7 @@ TEST(HighScores, firstWinCreatesTheFileWithTheResultAsRankOneInWindows1252)
 // it came, whatever its name bytes and money hold; the grid shows it safely.
 TEST(HighScores, storedRecordsAreShownSafelyAndWrittenBackByteForByte)
 {
-    const struct
-    {
-        const char *name;
-        std::string stored; // name bytes
-        double score;
-        std::int64_t spentUnits;
-        std::string shownName, shownMoney, shownScore;
-    } rows[] = {
+    const struct { const char *name; std::string stored; double score; std::int64_t spentUnits; std::string shownName, shownMoney, shownScore; } rows[] = {
         {"leading_spaces_huge_score", "  Mr Big", 1e20, 50000, "  Mr Big            ", "$5", "100000000000000000000"},
         {"accented", "Ren\xE9\x9F", 5000, 300000, "René\u0178               ", "$30", "5000"},
         {"fractional_dollars", "Cent", 4999, 1234567, "Cent                ", "$123", "4999"},
@@ -153,12 +146,7 @@ TEST(HighScores, damagedFilesShowTheGoodRecordsAndAreRewrittenWhole)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double inf = std::numeric_limits<double>::infinity();
-    const struct
-    {
-        const char *name;
-        std::string bytes;
-        std::vector<std::string> shown;
-    } rows[] = {
+    const struct { const char *name; std::string bytes; std::vector<std::string> shown; } rows[] = {
         {"empty", "", {}},
         {"one_and_a_half_records", dollarRecord("Ann", 50, 3, 20) + dollarRecord("Ben", 60, 3, 20).substr(0, 37), {"Ann"}},
         {"zero_score_is_an_empty_slot", dollarRecord("Ann", 0, 3, 20) + dollarRecord("Ben", 60, 3, 20), {"Ben"}},

@@ -29,19 +29,17 @@ QByteArray chunk(const QByteArray &id, const QByteArray &body, qint64 declared =
     return id + QByteArray(size, 4) + body + (declared < 0 && body.size() % 2 ? QByteArray(1, '\0') : QByteArray());
 }
 
-// A format chunk's body: tag, channels, rate, bits, block size (0: whole
-// bytes per sample times channels), and the extended header's real format.
-QByteArray fmt(quint16 tag, quint16 channels, quint32 rate, quint16 bits, quint16 align = 0, quint16 subTag = 1)
+// A format chunk: tag, channels, rate, bits, block size (0: whole bytes per
+// sample times channels).
+QByteArray fmt(quint16 tag, quint16 channels, quint32 rate, quint16 bits, quint16 align = 0)
 {
-    QByteArray body(tag == 0xFFFE ? 40 : 16, '\0');
+    QByteArray body(16, '\0');
     align = align ? align : quint16(channels * ((bits + 7) / 8));
     qToLittleEndian<quint16>(tag, body.data());
     qToLittleEndian<quint16>(channels, body.data() + 2);
     qToLittleEndian<quint32>(rate, body.data() + 4);
     qToLittleEndian<quint16>(align, body.data() + 12);
     qToLittleEndian<quint16>(bits, body.data() + 14);
-    if (tag == 0xFFFE)
-        qToLittleEndian<quint16>(subTag, body.data() + 24);
     return chunk("fmt ", body);
 }
 
@@ -135,7 +133,7 @@ private Q_SLOTS:
     void badFilesBeepForAsyncAndAreSilentForWait_data();
     void badFilesBeepForAsyncAndAreSilentForWait();
     void theDeviceHearsEachSoundAsAskedFor();
-    void noSoundDeviceIsSilentAndHoldsNothing();
+    void withoutADeviceAWaitReturnsAtOnceInSilence();
 
 private:
     QStringList told()
@@ -161,11 +159,8 @@ void SoundPlayerTest::init()
 
 QString SoundPlayerTest::writeFile(const QString &name, const QByteArray &bytes)
 {
-    const QString path = QDir(m_dir->path()).filePath(name);
-    QFile f(path);
-    if (!f.open(QIODevice::WriteOnly) || f.write(bytes) != bytes.size())
-        qFatal("cannot write %s", qPrintable(path));
-    return path;
+    QFile f(QDir(m_dir->path()).filePath(name));
+    return f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size() ? f.fileName() : QString();
 }
 
 std::unique_ptr<AlsaSoundPlayer> SoundPlayerTest::player(bool opens, double speed, int failingWrite,
@@ -183,10 +178,6 @@ void SoundPlayerTest::wavFilesGiveTheirFormatAndWholeFrames_data()
 
     const QByteArray p = pattern(8000);
     QTest::newRow("8-bit mono") << wav(fmt(1, 1, 8000, 8) + chunk("data", p)) << "1x8000x1" << p;
-    QTest::newRow("16-bit stereo") << wav(fmt(1, 2, 44100, 16) + chunk("data", p)) << "2x44100x2" << p;
-    QTest::newRow("24-bit mono") << wav(fmt(1, 1, 48000, 24) + chunk("data", p.left(7998))) << "1x48000x3"
-                                 << p.left(7998);
-    QTest::newRow("extended header holding PCM") << wav(fmt(0xFFFE, 2, 8000, 32) + chunk("data", p)) << "2x8000x4" << p;
     QTest::newRow("other chunks first, odd sized with their pad byte")
         << wav(chunk("LIST", "abc") + fmt(1, 1, 8000, 8) + chunk("junk", "x") + chunk("data", p)) << "1x8000x1" << p;
     QTest::newRow("odd-sized 16-bit data: the half frame is not played")
@@ -195,20 +186,12 @@ void SoundPlayerTest::wavFilesGiveTheirFormatAndWholeFrames_data()
         << wav(fmt(1, 2, 8000, 16) + chunk("data", pattern(3202), 8000)) << "2x8000x2" << pattern(3200);
 
     const QByteArray data = chunk("data", p.left(800));
-    const struct
-    {
-        const char *name;
-        QByteArray bytes;
-    } refused[] = {
+    const struct { const char *name; QByteArray bytes; } refused[] = {
         {"empty file", ""},
         {"data before its format", wav(data + fmt(1, 1, 8000, 8))},
         {"ADPCM", wav(fmt(2, 1, 8000, 4, 256) + data)},
-        {"extended header holding floating point", wav(fmt(0xFFFE, 1, 8000, 32, 0, 3) + data)},
         {"absurd rate", wav(fmt(1, 1, 768001, 16) + data)},
         {"block not a whole number of samples", wav(fmt(1, 2, 8000, 16, 3) + data)},
-        {"format chunk too short", wav(chunk("fmt ", fmt(1, 1, 8000, 8).mid(8, 14)) + data)},
-        {"extended header cut short", wav(fmt(0xFFFE, 1, 8000, 16)).left(44)},
-        {"no data chunk", wav(fmt(1, 1, 8000, 8))},
         {"a chunk claiming 4 GB hides the data", wav(fmt(1, 1, 8000, 8) + chunk("LIST", "", 0xFFFFFFFFu) + data)},
     };
     for (const auto &r : refused)
@@ -300,22 +283,14 @@ void SoundPlayerTest::theDeviceHearsEachSoundAsAskedFor()
     QCOMPARE(m_beeps, 0);
 }
 
-void SoundPlayerTest::noSoundDeviceIsSilentAndHoldsNothing()
+void SoundPlayerTest::withoutADeviceAWaitReturnsAtOnceInSilence()
 {
-    const QString cat = writeFile(QStringLiteral("cat.wav"), clip8k(3000, 0x10));
+    const auto sound = player(false);
     QElapsedTimer clock;
-    {
-        const auto fake = player(false);
-        AlsaSoundPlayer alsa(std::make_unique<AlsaOutput>("amorra_no_such_device"), [this] { ++m_beeps; });
-        clock.start();
-        for (SoundPlayer *sound : {static_cast<SoundPlayer *>(fake.get()), static_cast<SoundPlayer *>(&alsa)}) {
-            sound->play(cat, SoundMode::Async);
-            sound->play(cat, SoundMode::Wait);
-        }
-    }
+    clock.start();
+    sound->play(writeFile("cat.wav", clip8k(3000, 0x10)), SoundMode::Wait);
     QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
-    const QStringList story = told(); // the Wait may take the Async's place before it starts
-    QVERIFY(!story.isEmpty() && story.count(QStringLiteral("open failed")) == story.size());
+    QCOMPARE(told(), QStringList{"open failed"});
     QCOMPARE(m_beeps, 0);
 }
 
