@@ -94,7 +94,9 @@ void RtfReaderTest::guideReadsAsWrittenWhateverItHolds_data()
     QTest::newRow("absurd font size") << QByteArray("{\\rtf1\\fs999999999999 x}") << true << "x";
     QTest::newRow("colour beyond the table") << QByteArray("{\\rtf1{\\colortbl;\\red1;}\\cf9 x}") << true << "x";
     QTest::newRow("control bytes in the text") << QByteArray("{\\rtf1 a\x01\x02\x1f" "b}") << true << "ab";
-    QTest::newRow("lone surrogate number") << QByteArray("{\\rtf1 \\u-10000?z}") << true << "z";
+    QTest::newRow("lone surrogate and too large numbers") << QByteArray("{\\rtf1 \\u-10000?\\u65536?z}") << true << "z";
+    QTest::newRow("a guide too long is shown up to the limit")
+        << "{\\rtf1 " + QByteArray("x\\par ").repeated(30000) + "}" << true << QString("x\n").repeated(25000);
     QTest::newRow("overlong control word") << QByteArray("{\\rtf1 \\" + QByteArray(5000, 'a') + " z}") << true
                                            << "z";
 }
