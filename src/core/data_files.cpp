@@ -9,6 +9,7 @@
 #include <chrono>
 #include <climits>
 #include <cstdint>
+#include <filesystem>
 #include <thread>
 
 #include <fcntl.h>
@@ -243,6 +244,20 @@ bool replaceFileContents(const std::string &path, const std::string &bytes, File
         ::close(folder);
     }
     return true;
+}
+
+void removeLeftoverSaves(const std::string &path)
+{
+    const std::string target = resolveLinks(path);
+    const std::string prefix = target.substr(target.rfind('/') + 1) + ".";
+    std::error_code ec;
+    for (const auto &entry : std::filesystem::directory_iterator(folderOf(target), ec)) {
+        const std::string name = entry.path().filename().string();
+        // Exactly the names replaceFileContents gives: prefix, ten characters, ".saving".
+        if (name.size() == prefix.size() + 17 && name.compare(0, prefix.size(), prefix) == 0 &&
+            name.compare(name.size() - 7, 7, ".saving") == 0 && entry.is_regular_file(ec))
+            std::filesystem::remove(entry.path(), ec);
+    }
 }
 
 FolderLock::FolderLock(const std::string &path)

@@ -57,6 +57,10 @@ int openPlayerFile(const std::string &path);
 // False, with the old file untouched, when any step fails.
 bool replaceFileContents(const std::string &path, const std::string &bytes, FileSystem &files = systemFiles());
 
+// Removes the temporary files that games killed while saving `path` left
+// beside it. Only while holding its FolderLock: then no game is writing one.
+void removeLeftoverSaves(const std::string &path);
+
 // While alive, holds the lock of the folder the file lies in (after its
 // links), so that two games saving one file take turns. Waits a little
 // for another game to finish, never for long.

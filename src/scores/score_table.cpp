@@ -175,6 +175,8 @@ HighScoreScreenData openHighScores(GameResult &result, ScoreTable &table, const 
     // Held from reading to writing: a game that saved in between would
     // otherwise lose its row to ours.
     const FolderLock lock(path);
+    if (lock.held())
+        removeLeftoverSaves(path);
     const bool loaded = LoadScores(path, table, files);
     if (result.result_pending) {
         ScoreRecord &intake = table[kScoreSlots];

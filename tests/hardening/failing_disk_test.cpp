@@ -223,6 +223,11 @@ TEST(TwoGames, savingAtOnceKeepsBothRowsInAWholeFile)
             ASSERT_EQ(names, "BobAnnOld");
         }
     }
+    // What a killed game left half written is cleared by the next save.
+    ScoreTable table;
+    GameResult none;
+    openHighScores(none, table, path);
+    EXPECT_EQ(entries(dir.path()), 1u);
 }
 
 } // namespace
