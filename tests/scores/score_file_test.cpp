@@ -134,10 +134,12 @@ TEST(HighScores, aResultBelowTwentyEntriesIsSavedInTheIntakeSlotButNotShown)
 TEST(HighScores, theSameNameAndScoreTwiceMarksBothRows)
 {
     TempDir dir;
-    dir.write("Scores", dollarRecord("Tom", 4000, 6, 120) + dollarRecord("Tom", 3000, 6, 120));
+    dir.write("Scores", dollarRecord("Tom", 4000, 6, 120) + dollarRecord("Tom", 3000, 6, 120) +
+                            dollarRecord("Jom", 4000, 6, 120));
     ScoreTable table;
     GameResult win = pendingWin("Tom", 4000, 7, 100);
-    EXPECT_EQ(redRanks(openHighScores(win, table, dir.file("Scores"))), (std::vector<int>{1, 2}));
+    // Ranks: the new Tom, Jom (the later of the stored equal scores), the stored Tom.
+    EXPECT_EQ(redRanks(openHighScores(win, table, dir.file("Scores"))), (std::vector<int>{1, 3}));
 }
 
 // Whatever the file holds, the table shows what it can and the next save
