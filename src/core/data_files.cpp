@@ -188,6 +188,14 @@ FileRead readPlayerFile(const std::string &path, size_t limit, FileSystem &files
     return result;
 }
 
+std::optional<std::string> readFileBytes(const std::string &path, size_t limit)
+{
+    FileRead file = readPlayerFile(path, limit);
+    if (file.outcome != ReadOutcome::Read)
+        return std::nullopt;
+    return std::move(file.bytes);
+}
+
 int openPlayerFile(const std::string &path)
 {
     ReadOutcome outcome{};

@@ -3,6 +3,7 @@
 #include "numbers.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <sys/types.h>
 
@@ -42,6 +43,9 @@ struct FileRead
 // Anything else standing there (a folder, a FIFO, a device) is refused
 // without opening it, so reading never blocks and never runs on forever.
 FileRead readPlayerFile(const std::string &path, size_t limit, FileSystem &files = systemFiles());
+
+// The same, for a caller that only asks whether there was a file to read.
+std::optional<std::string> readFileBytes(const std::string &path, size_t limit);
 
 // Creates an empty file when none exists; false when it cannot.
 bool ensureFileExists(const std::string &path);
