@@ -6,6 +6,23 @@
 
 namespace amorra {
 
+namespace {
+
+int total(const SliderValues &v)
+{
+    return v.looks + v.smart + v.luck;
+}
+
+std::optional<std::string> labelFor(const SliderValues &v)
+{
+    const int left = kSetupPoints - total(v);
+    if (left < 0)
+        return std::nullopt;
+    return "Points Left:" + toDecimal(left);
+}
+
+} // namespace
+
 std::string initialPointsLabel()
 {
     return "Points Left :0";
@@ -13,28 +30,32 @@ std::string initialPointsLabel()
 
 SliderOutcome moveSlider(Slider moved, SliderValues v)
 {
-    const int sum = v.looks + v.smart + v.luck;
-    const int left = kSetupPoints - sum;
-    if (left >= 0)
-        return {v, "Points Left:" + toDecimal(left)};
+    const int excess = total(v) - kSetupPoints;
+    if (excess <= 0)
+        return {v, labelFor(v)};
 
-    const int half = static_cast<int>(roundHalfEven((sum - kSetupPoints) / 2.0));
-    auto lower = [half](int &slider) { slider = std::max(0, slider - half); };
-    switch (moved) {
-    case Slider::Looks:
-        lower(v.smart);
-        lower(v.luck);
-        break;
-    case Slider::Luck:
-        lower(v.smart);
-        lower(v.looks);
-        break;
-    case Slider::Smart:
-        lower(v.looks);
-        lower(v.luck);
-        break;
+    // The partners in the order they give up their points.
+    int *first = &v.smart;
+    int *second = &v.luck;
+    if (moved == Slider::Luck)
+        second = &v.looks;
+    else if (moved == Slider::Smart)
+        first = &v.looks;
+    const int half = static_cast<int>(roundHalfEven(excess / 2.0));
+    int owed = 0;
+    for (int *partner : {first, second}) {
+        const int given = std::min(half, *partner);
+        *partner -= given;
+        owed += half - given;
     }
-    return {v, std::nullopt};
+    // What a partner at 0 could not give, the other gives. Together they
+    // always can: the moved slider holds at most 100 of the 150 points.
+    for (int *partner : {first, second}) {
+        const int given = std::min(owed, *partner);
+        *partner -= given;
+        owed -= given;
+    }
+    return {v, labelFor(v)};
 }
 
 } // namespace amorra

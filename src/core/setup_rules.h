@@ -26,7 +26,10 @@ constexpr int kSetupPoints = 150;
 constexpr int kNameLength = 20;
 
 // The 150-point rule after one slider moved: an overspend is taken from the
-// two partners, half the excess each (rounded half to even), never below 0.
+// two partners, half the excess each (rounded half to even); what one
+// partner cannot give without going below 0 comes from the other. The label
+// follows whenever the points are not overspent afterwards; an odd excess
+// can leave one point overspent, and then the label keeps its text.
 SliderOutcome moveSlider(Slider moved, SliderValues values);
 
 // The label's text when the setup screen opens.

@@ -36,8 +36,9 @@ AboutBox::AboutBox(const QString &assetDir, QWidget *parent)
     : OkWindow(parent)
 {
     setObjectName(QStringLiteral("Form13"));
-    setAccessibleName(QStringLiteral("About Amorra"));
-    setFixedSize(twips(6015), twips(2520));
+    setAccessibleDescription(QStringLiteral("About Amorra"));
+    // Room for the whole picture, which is a little larger than the design's window.
+    setFixedSize(qMax(twips(6015), 411), qMax(twips(2520), 172));
 
     auto *main = new QLabel(this);
     nameControl(main, QStringLiteral("Image1"), QStringLiteral("Amorra"));

@@ -103,8 +103,11 @@ void ActionList::addRow(const QString &text)
 {
     m_filling = true;
     auto *item = new QListWidgetItem(text, this);
-    // Read aloud as columns, not as a string with tabs in it.
-    item->setData(Qt::AccessibleTextRole, rowColumns(text).join(QStringLiteral(", ")));
+    // Read aloud as columns, not as a string with tabs and padding in it.
+    QStringList columns = rowColumns(text);
+    for (QString &column : columns)
+        column = column.trimmed();
+    item->setData(Qt::AccessibleTextRole, columns.join(QStringLiteral(", ")));
     m_filling = false;
     recomputeColumns();
 }
@@ -131,8 +134,14 @@ QString ActionList::rowText(int r) const
 
 void ActionList::setPressedLook(bool pressed)
 {
+    // The list's white (or red) is the game's, so are its text colours,
+    // whatever the desktop's palette.
     QPalette pal = palette();
     pal.setColor(QPalette::Base, pressed ? QColor(255, 0, 0) : QColor(255, 255, 255));
+    pal.setColor(QPalette::Text, Qt::black);
+    pal.setColor(QPalette::Disabled, QPalette::Text, QColor(96, 96, 96));
+    pal.setColor(QPalette::Highlight, QColor(0, 0, 128));
+    pal.setColor(QPalette::HighlightedText, Qt::white);
     setPalette(pal);
 }
 
@@ -140,6 +149,10 @@ void ActionList::keyPressEvent(QKeyEvent *event)
 {
     const int key = event->key();
     if ((key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) && currentItem()) {
+        if (key != Qt::Key_Space && currentItem()->isSelected()) {
+            Q_EMIT rowActivated();
+            return;
+        }
         currentItem()->setSelected(true);
         Q_EMIT rowChosen();
         return;

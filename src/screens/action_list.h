@@ -27,6 +27,8 @@ public:
 Q_SIGNALS:
     // A row was chosen by mouse or keyboard.
     void rowChosen();
+    // Enter on the row already chosen: the player wants its action.
+    void rowActivated();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

@@ -71,6 +71,15 @@ void AppController::present(OkWindow *window)
     window->show();
     window->raise();
     window->activateWindow();
+    // While the main screen waits for several windows, the keyboard goes
+    // from each one closed to the newest still open.
+    connect(window, &OkWindow::closed, this, [this] {
+        const QList<QWidget *> open = openWindows();
+        if (!open.isEmpty() && !mainScreen().isEnabled()) {
+            open.back()->raise();
+            open.back()->activateWindow();
+        }
+    });
 }
 
 void AppController::giveMainBack()

@@ -21,8 +21,10 @@ QtDesktop::QtDesktop(QStringList hidden)
 
 QSize QtDesktop::screenSize() const
 {
+    // The screen's own pixels: at 200% a 1920 x 1080 screen has room for
+    // the game although Qt calls it 960 x 540.
     const QScreen *screen = QGuiApplication::primaryScreen();
-    return screen ? screen->size() : QSize();
+    return screen ? (QSizeF(screen->size()) * screen->devicePixelRatio()).toSize() : QSize();
 }
 
 void QtDesktop::showMessage(QWidget *parent, const QString &text, const QString &title, bool exclamation)

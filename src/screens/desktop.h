@@ -15,7 +15,7 @@ class Desktop
 {
 public:
     virtual ~Desktop() = default;
-    // The desktop's size in (device independent) pixels.
+    // The desktop's size in the screen's device pixels.
     virtual QSize screenSize() const = 0;
     // A modal message box with one OK button.
     virtual void showMessage(QWidget *parent, const QString &text, const QString &title, bool exclamation) = 0;

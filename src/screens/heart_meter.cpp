@@ -15,9 +15,14 @@ class HeartMeterAccessible : public QAccessibleWidget, public QAccessibleValueIn
 {
 public:
     explicit HeartMeterAccessible(QWidget *w)
-        : QAccessibleWidget(w, QAccessible::Indicator)
+        : QAccessibleWidget(w, QAccessible::ProgressBar)
     {
     }
+
+    // The number and the hearts are the meter's value, not parts to visit.
+    int childCount() const override { return 0; }
+    QAccessibleInterface *child(int) const override { return nullptr; }
+    int indexOfChild(const QAccessibleInterface *) const override { return -1; }
 
     void *interface_cast(QAccessible::InterfaceType t) override
     {

@@ -10,7 +10,7 @@ namespace amorra {
 
 // The white strip down the right of the main screen: her heart as a number
 // at the top and up to twenty hearts from the bottom. Assistive technology
-// reads it as a value from 0 to 100.
+// reads it as a progress bar whose value, 0 to 100, is the number.
 class HeartMeter : public QWidget
 {
     Q_OBJECT

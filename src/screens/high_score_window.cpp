@@ -3,8 +3,12 @@
 #include "widget_helpers.h"
 #include "win_screen.h"
 
+#include <QDir>
 #include <QHeaderView>
+#include <QImageReader>
 #include <QLabel>
+#include <QMovie>
+#include <QStyle>
 #include <QPushButton>
 #include <QTableWidget>
 
@@ -23,16 +27,20 @@ QTableWidget *makeGrid(QWidget *parent, const HighScoreScreenData &data)
 {
     auto *grid = new QTableWidget(kShownScores, 5, parent);
     nameControl(grid, QStringLiteral("Score_list"), QStringLiteral("Top 20 table"));
+    grid->setFont(sansSerifFont(8.25));
     grid->setGeometry(twipsRect(0, 0, 7380, 5130));
     grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
     grid->setSelectionMode(QAbstractItemView::NoSelection);
     grid->setFocusPolicy(Qt::StrongFocus);
     grid->setWordWrap(false);
+    // The design's font at most, smaller when a long name needs it: a name
+    // shows whole, and its padding never turns into an ellipsis.
+    grid->setTextElideMode(Qt::ElideNone);
     grid->verticalHeader()->hide(); // the rank is a column of its own
     grid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     grid->setStyleSheet(QStringLiteral(
-        "QTableWidget { background-color: rgb(192,192,255); gridline-color: rgb(128,128,255); }"
+        "QTableWidget { color: rgb(0,0,0); background-color: rgb(192,192,255); gridline-color: rgb(128,128,255); }"
         "QHeaderView::section { background-color: rgb(128,128,255); color: rgb(0,0,64);"
         " border: 0px; border-right: 1px solid rgb(0,0,64); border-bottom: 1px solid rgb(0,0,64); }"));
 
@@ -51,16 +59,25 @@ QTableWidget *makeGrid(QWidget *parent, const HighScoreScreenData &data)
     grid->verticalHeader()->setMinimumSectionSize(1);
     grid->verticalHeader()->setDefaultSectionSize(16);
 
+    QString longestName;
     for (int r = 0; r < kShownScores; ++r) {
         const ScoreRow *row = r < int(data.rows.size()) ? &data.rows[size_t(r)] : nullptr;
         for (int c = 0; c < 5; ++c) {
-            auto *item = new QTableWidgetItem(row ? qt(row->cells[size_t(c)]) : QString());
+            const QString text = row ? qt(row->cells[size_t(c)]) : QString();
+            auto *item = new QTableWidgetItem(text);
+            // Read without the name's padding.
+            item->setData(Qt::AccessibleTextRole, text.trimmed());
+            if (c == 1 && QFontMetrics(grid->font()).horizontalAdvance(text.trimmed()) >
+                              QFontMetrics(grid->font()).horizontalAdvance(longestName))
+                longestName = text.trimmed();
             item->setTextAlignment(c == 1 ? Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter) : Qt::Alignment(Qt::AlignCenter));
             if (row && row->red)
                 item->setForeground(QColor(255, 0, 0));
             grid->setItem(r, c, item);
         }
     }
+    const int textMargins = 2 * (grid->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, grid) + 1) + 1;
+    grid->setFont(fittedFont(grid->font(), longestName, twips(kColumnTwips[1]) - textMargins));
     return grid;
 }
 
@@ -87,12 +104,17 @@ HighScoreWindow::HighScoreWindow(const HighScoreScreenData &data, const QString 
     auto *champion = new QLabel(qt(data.champion), this);
     champion->setTextFormat(Qt::PlainText);
     champion->setAlignment(Qt::AlignCenter);
-    champion->setFont(arialFont(9, true));
-    nameControl(champion, QStringLiteral("Label1"), QStringLiteral("Champion"));
     champion->setGeometry(twipsRect(7440, 3120, 2175, 255));
+    champion->setFont(fittedFont(arialFont(9, true), champion->text(), champion->width()));
+    nameControl(champion, QStringLiteral("Label1"), QStringLiteral("Champion: ") + champion->text());
 
-    makeAnimation(this, assetDir, QStringLiteral("champlbl.gif"), QStringLiteral("champlbl_gif"),
-                  twipsRect(7440, 3480, 2400, 630));
+    // The banner's box would reach past the window's right edge: it keeps
+    // its place, ends at the edge, and the picture shrinks to fit when it must.
+    const QRect room = twipsRect(7440, 3480, 2400, 630).intersected(rect());
+    QLabel *banner = makeAnimation(this, assetDir, QStringLiteral("champlbl.gif"), QStringLiteral("champlbl_gif"), room);
+    const QSize frame = QImageReader(QDir(assetDir).filePath(QStringLiteral("champlbl.gif"))).size();
+    if (banner->movie() && frame.isValid() && (frame.width() > room.width() || frame.height() > room.height()))
+        banner->movie()->setScaledSize(frame.scaled(room.size(), Qt::KeepAspectRatio));
 
     QPushButton *ok = makeButton(QStringLiteral("OK"), QStringLiteral("Command1"), Ok);
     ok->setGeometry(twipsRect(8160, 4440, 975, 375));

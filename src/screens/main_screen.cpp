@@ -13,6 +13,8 @@
 #include <QTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTextCursor>
 #include <QToolButton>
 
 namespace amorra {
@@ -45,7 +47,9 @@ MainScreen::MainScreen(ScreenHost &host, const QString &assetDir, QWidget *paren
     setAccessibleName(gameTitle());
     buildScreen();
     buildMenus();
+    fitTexts(this);
     resetToDesignState();
+    keepWindowSize(this);
     adjustSize();
     setFixedSize(sizeHint());
 
@@ -63,6 +67,7 @@ void MainScreen::resetToDesignState()
     m_listTitle.clear();
     m_listFrame->setTitle(QString());
     m_listFrame->setAccessibleName(QStringLiteral("Actions"));
+    m_list->setAccessibleName(QStringLiteral("Action list"));
     m_list->clearRows();
     setTip(m_list, QString());
     m_ok->setText(QStringLiteral("GO"));
@@ -72,9 +77,9 @@ void MainScreen::resetToDesignState()
     m_takeHerOut->setEnabled(false);
     m_heart->setLit(0);
     m_heart->setNumber(QStringLiteral("0"));
-    m_day->setText(QStringLiteral("Day 1"));
-    m_money->setText(QStringLiteral("Bank Balance: $50"));
-    m_spent->setText(QStringLiteral("$0"));
+    SetDayLabel("Day 1");
+    SetMoneyLabel("Bank Balance: $50");
+    SetSpentLabel("$0");
     m_looks->setValue(0);
     m_brains->setValue(0);
     m_luck->setValue(0);
@@ -98,6 +103,10 @@ void MainScreen::SetTalk(const std::string &text)
 {
     m_talkText = text;
     m_talk->setPlainText(talkForDisplay(text));
+    // Her newest line is the one to see when a long question wraps.
+    m_talk->moveCursor(QTextCursor::End);
+    m_talk->ensureCursorVisible();
+    m_talk->verticalScrollBar()->setValue(m_talk->verticalScrollBar()->maximum());
 }
 
 std::string MainScreen::GetTalk() const
@@ -110,6 +119,8 @@ void MainScreen::SetListTitle(const std::string &text)
     m_listTitle = text;
     m_listFrame->setTitle(qt(text));
     m_listFrame->setAccessibleName(text.empty() ? QStringLiteral("Actions") : qt(text));
+    // Read as what it holds, "Places to Go".
+    m_list->setAccessibleName(text.empty() ? QStringLiteral("Action list") : qt(text));
 }
 
 std::string MainScreen::GetListTitle() const
@@ -162,18 +173,19 @@ void MainScreen::EnableTakeHerOut(bool enabled)
 
 void MainScreen::SetMoneyLabel(const std::string &text)
 {
-    m_money->setText(qt(text));
+    setFittedText(m_money, qt(text));
     m_money->repaint();
 }
 
 void MainScreen::SetDayLabel(const std::string &text)
 {
-    m_day->setText(qt(text));
+    setFittedText(m_day, qt(text));
 }
 
 void MainScreen::SetSpentLabel(const std::string &text)
 {
-    m_spent->setText(qt(text));
+    setFittedText(m_spent, qt(text));
+    m_spent->setAccessibleName(QStringLiteral("Total Money spent on her ") + qt(text));
 }
 
 void MainScreen::SetStatBars(int looks, int brains, int luck)
@@ -215,8 +227,17 @@ void MainScreen::FocusMain()
     activateWindow();
     QWidget *target = m_lastFocus;
     if (!target || !target->isVisible() || !target->isEnabled())
-        target = m_modeButtons[0];
+        target = keyboardHome();
     target->setFocus(Qt::ActiveWindowFocusReason);
+}
+
+QWidget *MainScreen::keyboardHome() const
+{
+    if (m_list->count() > 0)
+        return m_list;
+    if (m_lastMode && m_lastMode->isEnabled())
+        return m_lastMode;
+    return m_modeButtons[0];
 }
 
 int MainScreen::LoadedScreenCount() const

@@ -97,6 +97,9 @@ protected:
 private:
     void buildScreen();
     void buildMenus();
+    // Where the keyboard goes when its widget went away: the list while it
+    // has rows, else the mode button last pressed.
+    QWidget *keyboardHome() const;
     QToolButton *addModeButton(QWidget *parent, ActionMode mode, const QString &caption, const QString &name,
                                const QString &picture, const QRect &geometry, const QString &tip);
 
@@ -108,6 +111,7 @@ private:
 
     std::array<QToolButton *, 5> m_modeButtons{}; // Call Her, Buy A Gift, Take Her Out, Go to Work, Go Shopping
     QToolButton *m_takeHerOut = nullptr;
+    QToolButton *m_lastMode = nullptr;
     QLabel *m_day = nullptr;
     QLabel *m_money = nullptr;
     QLabel *m_face = nullptr;

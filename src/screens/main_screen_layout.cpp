@@ -67,7 +67,13 @@ QToolButton *MainScreen::addModeButton(QWidget *parent, ActionMode mode, const Q
     button->setFocusPolicy(Qt::StrongFocus);
     button->setGeometry(geometry);
     clickOnEnter(button);
-    connect(button, &QToolButton::clicked, this, [this, mode] { Q_EMIT modeClicked(mode); });
+    connect(button, &QToolButton::clicked, this, [this, mode, button] {
+        m_lastMode = button;
+        Q_EMIT modeClicked(mode);
+        // The keyboard goes where the player chooses next.
+        if (m_list->count() > 0 && isEnabled())
+            m_list->setFocus(Qt::OtherFocusReason);
+    });
     return button;
 }
 
@@ -100,20 +106,26 @@ void MainScreen::buildScreen()
         QStringLiteral("pictures/mode_shop.png"), twipsRect(240, 4560, 1095, 1095),
         QStringLiteral("Go Shopping for stuff. The things you buy will improve your LOOKS, BRAINS  OR LUCK"));
     m_takeHerOut = m_modeButtons[2];
+    // One caption size for the five, the largest at which each fits.
+    QFont captions = screen->font();
+    for (QToolButton *button : m_modeButtons)
+        captions = fittedFont(captions, button->text(), button->width() - 8);
+    for (QToolButton *button : m_modeButtons)
+        button->setFont(captions);
 
     QFont dayFont;
     dayFont.setFamilies({QStringLiteral("Arial Black"), QStringLiteral("Arial"), QStringLiteral("Liberation Sans"),
                          QStringLiteral("Nimbus Sans"), QStringLiteral("DejaVu Sans")});
     dayFont.setPointSizeF(24);
     dayFont.setBold(true);
+    // Labels that tell a value are read by their text, "Day 5", not a fixed name.
     m_day = filledLabel(screen, twipsRect(1560, 120, 3615, 975), twipsRect(1680, 240, 3375, 735), dayFont,
                         colourSheet("QWidget", 64, 64, 64, 192, 192, 255));
-    nameControl(m_day, QStringLiteral("days_lbl"), QStringLiteral("Day"), QStringLiteral("Total number of days"));
+    nameControl(m_day, QStringLiteral("days_lbl"), QString(), QStringLiteral("Total number of days"));
 
     m_money = filledLabel(screen, twipsRect(1560, 1080, 3615, 735), twipsRect(1680, 1200, 3375, 375),
                           arialFont(14.25), colourSheet("QWidget", 0, 0, 0, 192, 255, 192));
-    nameControl(m_money, QStringLiteral("money_lbl"), QStringLiteral("Bank balance"),
-                QStringLiteral("Amount of money you have"));
+    nameControl(m_money, QStringLiteral("money_lbl"), QString(), QStringLiteral("Amount of money you have"));
 
     m_face = new QLabel(screen);
     nameControl(m_face, QStringLiteral("Picture7"), QStringLiteral("Her picture"));
@@ -131,6 +143,8 @@ void MainScreen::buildScreen()
     m_talk->setFont(arialFont(9, true));
     m_talk->setStyleSheet(colourSheet("QTextEdit", 0, 0, 0, 255, 255, 255));
     m_talk->setAcceptRichText(false);
+    m_talk->setTabChangesFocus(true); // one Tab stop, read-only
+
     // Her three-line greeting fits without a scroll bar.
     m_talk->document()->setDocumentMargin(2);
 
@@ -143,6 +157,12 @@ void MainScreen::buildScreen()
     m_list->setGeometry(twipsRect(120, 240, 5055, 2205));
     m_list->setFont(sansSerifFont(8.25, true));
     connect(m_list, &ActionList::rowChosen, this, &MainScreen::listRowChosen);
+    connect(m_list, &ActionList::rowActivated, this, [this] {
+        if (m_ok->isVisible() && m_ok->isEnabled())
+            m_ok->click();
+        else
+            Q_EMIT listRowChosen();
+    });
 
     m_ok = new QPushButton(QStringLiteral("GO"), m_listFrame);
     nameControl(m_ok, QStringLiteral("cmd_ok"), QStringLiteral("GO"));
@@ -150,10 +170,17 @@ void MainScreen::buildScreen()
     m_ok->setFont(arialFont(8.25, true));
     m_ok->setAutoDefault(true);
     m_ok->setStyleSheet(QStringLiteral(
-        "QPushButton { background-color: rgb(192,192,255); border: 1px solid rgb(96,96,128); border-radius: 3px; }"
+        "QPushButton { color: rgb(0,0,0); background-color: rgb(192,192,255); border: 1px solid rgb(96,96,128);"
+        " border-radius: 3px; }"
         "QPushButton:pressed { background-color: rgb(160,160,240); }"
         "QPushButton:focus { border: 2px solid rgb(0,0,128); }"));
-    connect(m_ok, &QPushButton::clicked, this, &MainScreen::actionClicked);
+    connect(m_ok, &QPushButton::clicked, this, [this] {
+        Q_EMIT actionClicked();
+        // The button hides itself: the keyboard goes back to the list, so
+        // the next row is one key away.
+        if (!m_ok->isVisible() && isEnabled())
+            keyboardHome()->setFocus(Qt::OtherFocusReason);
+    });
 
     m_askOut = new QPushButton(QStringLiteral("Do you want to go out sometime?"), m_listFrame);
     nameControl(m_askOut, QStringLiteral("ask_out_cmd"), m_askOut->text(), QStringLiteral("Click to ask her out."));
@@ -171,13 +198,19 @@ void MainScreen::buildScreen()
     nameControl(spentBox, QStringLiteral("spent_frame"), QStringLiteral("Total Money spent on her"),
                 QStringLiteral("The less you spend the higher your score is!"));
     spentBox->setGeometry(twipsRect(120, 120, 2535, 1215));
+    // The green amount is the game's colour: it sits on the game's white.
+    QPalette spentColours = spentBox->palette();
+    spentColours.setColor(QPalette::Window, Qt::white);
+    spentColours.setColor(QPalette::WindowText, Qt::black);
+    spentBox->setPalette(spentColours);
+    spentBox->setAutoFillBackground(true);
     auto *spentCaption = new QLabel(QStringLiteral("Total Money spent on her"), spentBox);
     QFont captionFont = arialFont(9, true);
     captionFont.setItalic(true);
     spentCaption->setFont(captionFont);
     spentCaption->setGeometry(twipsRect(120, 240, 2295, 255));
     m_spent = new QLabel(spentBox);
-    nameControl(m_spent, QStringLiteral("moneyspent_lbl"), QStringLiteral("Money spent on her"));
+    m_spent->setObjectName(QStringLiteral("moneyspent_lbl"));
     m_spent->setTextFormat(Qt::PlainText);
     m_spent->setFont(arialFont(15.75, true));
     m_spent->setStyleSheet(QStringLiteral("color: rgb(0,128,0);"));
@@ -218,7 +251,7 @@ void MainScreen::buildMenus()
     item(file, QStringLiteral("Start &New Game"), QStringLiteral("newgame"), &MainScreen::newGameChosen);
     item(file, QStringLiteral("&Play Again"), QStringLiteral("rstart"), &MainScreen::playAgainChosen);
     file->addSeparator();
-    item(file, QStringLiteral("&Exit"), QStringLiteral("exit"), &MainScreen::exitChosen);
+    item(file, QStringLiteral("&Exit"), QStringLiteral("exit"), &MainScreen::exitChosen)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
 
     // A menu title that is itself the command.
     QAction *top20 = bar->addAction(QStringLiteral("&Top 20 SWEELA getters"));
@@ -227,7 +260,7 @@ void MainScreen::buildMenus()
 
     QMenu *sounds = bar->addMenu(QStringLiteral("&Sounds"));
     sounds->setObjectName(QStringLiteral("sounds_mnu"));
-    m_soundItem = sounds->addAction(QStringLiteral("Enabled"));
+    m_soundItem = sounds->addAction(QStringLiteral("&Enabled"));
     m_soundItem->setObjectName(QStringLiteral("sndenable"));
     m_soundItem->setCheckable(true);
     m_soundItem->setChecked(true);
@@ -235,10 +268,11 @@ void MainScreen::buildMenus()
 
     QMenu *help = bar->addMenu(QStringLiteral("&Help"));
     help->setObjectName(QStringLiteral("help_mnu"));
-    item(help, QStringLiteral("Quick Start Guide"), QStringLiteral("quickstart"), &MainScreen::quickStartChosen);
-    item(help, QStringLiteral("Online Help"), QStringLiteral("onlinehelp"), &MainScreen::onlineHelpChosen);
+    item(help, QStringLiteral("&Quick Start Guide"), QStringLiteral("quickstart"), &MainScreen::quickStartChosen);
+    item(help, QStringLiteral("&Online Help"), QStringLiteral("onlinehelp"), &MainScreen::onlineHelpChosen)
+        ->setShortcut(QKeySequence(Qt::Key_F1));
     help->addSeparator();
-    item(help, QStringLiteral("About"), QStringLiteral("about"), &MainScreen::aboutChosen);
+    item(help, QStringLiteral("&About"), QStringLiteral("about"), &MainScreen::aboutChosen);
 }
 
 } // namespace amorra

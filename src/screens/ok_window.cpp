@@ -2,16 +2,39 @@
 
 #include "widget_helpers.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QPushButton>
+#include <QShortcut>
 
 namespace amorra {
 
-OkWindow::OkWindow(QWidget *parent)
-    : QWidget(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowCloseButtonHint | Qt::CustomizeWindowHint)
+namespace {
+
+// Screen readers announce each of these windows as a dialog, by its title.
+QAccessibleInterface *dialogFactory(const QString &className, QObject *object)
 {
+    if (className == QLatin1String("amorra::OkWindow") && object && object->isWidgetType())
+        return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Dialog);
+    return nullptr;
+}
+
+} // namespace
+
+OkWindow::OkWindow(QWidget *parent)
+    : QWidget(parent, Qt::Dialog)
+{
+    static const bool factoryInstalled = (QAccessible::installFactory(dialogFactory), true);
+    Q_UNUSED(factoryInstalled);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(gameTitle());
+    keepWindowSize(this);
+    // The design's font, so that a larger desktop font cannot push text out of its box.
+    setFont(sansSerifFont(8.25));
+    // Escape does what the close box does.
+    auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    connect(escape, &QShortcut::activated, this, [this] { close(); });
 }
 
 void OkWindow::finish(int choice)
@@ -33,6 +56,15 @@ QPushButton *OkWindow::makeButton(const QString &caption, const QString &objectN
     return button;
 }
 
+void OkWindow::showEvent(QShowEvent *event)
+{
+    if (!m_fitted) {
+        m_fitted = true;
+        fitTexts(this);
+    }
+    QWidget::showEvent(event);
+}
+
 void OkWindow::closeEvent(QCloseEvent *event)
 {
     if (!m_finishing) {
@@ -42,6 +74,7 @@ void OkWindow::closeEvent(QCloseEvent *event)
     }
     m_closed = true;
     event->accept();
+    Q_EMIT closed();
 }
 
 } // namespace amorra

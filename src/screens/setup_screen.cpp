@@ -18,7 +18,10 @@ SetupScreen::SetupScreen(const QString &lastName, const QString &assetDir, QWidg
     setObjectName(QStringLiteral("Form2"));
     setWindowTitle(gameTitle());
     setAccessibleName(QStringLiteral("Player setup"));
+    keepWindowSize(this);
     setFixedSize(480, 424);
+    // The design's font, so that a larger desktop font cannot push text out of its box.
+    setFont(sansSerifFont(8.25));
 
     auto *banner = new QLabel(this);
     nameControl(banner, QStringLiteral("Image1"), QStringLiteral("Amorra"));
@@ -59,8 +62,8 @@ SetupScreen::SetupScreen(const QString &lastName, const QString &assetDir, QWidg
     advice->setGeometry(8, 328, 464, 48);
 
     m_points = new QLabel(QString::fromStdString(initialPointsLabel()), this);
-    nameControl(m_points, QStringLiteral("points"), QStringLiteral("Points left"),
-                QStringLiteral("Points left for allocation"));
+    // Read by its text, "Points Left :0".
+    nameControl(m_points, QStringLiteral("points"), QString(), QStringLiteral("Points left for allocation"));
     m_points->setFont(arialFont(9, true));
     m_points->setGeometry(8, 390, 200, 24);
 
@@ -81,6 +84,7 @@ SetupScreen::SetupScreen(const QString &lastName, const QString &assetDir, QWidg
     setTabOrder(m_looks, m_smart);
     setTabOrder(m_smart, m_luck);
     setTabOrder(m_luck, start);
+    fitTexts(this);
     showLastName();
 }
 

@@ -23,7 +23,7 @@ TutorialWindow::TutorialWindow(const QString &guideFile, QWidget *parent)
     : OkWindow(parent)
 {
     setObjectName(QStringLiteral("tute_frm"));
-    setAccessibleName(QStringLiteral("Quick Start Guide"));
+    setAccessibleDescription(QStringLiteral("Quick Start Guide"));
     setFixedSize(twips(8655), twips(4845));
 
     auto *frame = new QGroupBox(this);
@@ -34,6 +34,11 @@ TutorialWindow::TutorialWindow(const QString &guideFile, QWidget *parent)
     nameControl(m_guide, QStringLiteral("tute_rtf"), QStringLiteral("Quick start guide text"));
     m_guide->setGeometry(twipsRect(120, 240, 8295, 3855));
     m_guide->setReadOnly(true);
+    // The guide is a light page with its own colours on any desktop.
+    QPalette page = m_guide->palette();
+    page.setColor(QPalette::Base, Qt::white);
+    page.setColor(QPalette::Text, Qt::black);
+    m_guide->setPalette(page);
     m_guide->setTabStopDistance(24); // the guide's bullets are a bullet and a tab
     m_guide->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     // A missing, unreadable or oversized guide leaves the window empty.

@@ -1,12 +1,16 @@
 #include "widget_helpers.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QDir>
 #include <QEvent>
 #include <QFileInfo>
 #include <QFont>
+#include <QFontMetrics>
 #include <QImageReader>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QVariant>
 #include <QWidget>
 
 namespace amorra {
@@ -34,7 +38,73 @@ protected:
     }
 };
 
+// Undoes a window manager's maximise or fullscreen of a fixed-size window.
+class KeepNormalState : public QObject
+{
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::WindowStateChange) {
+            auto *window = static_cast<QWidget *>(watched);
+            const Qt::WindowStates state = window->windowState();
+            if (state & (Qt::WindowMaximized | Qt::WindowFullScreen))
+                window->setWindowState(state & ~(Qt::WindowMaximized | Qt::WindowFullScreen));
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
 } // namespace
+
+void keepWindowSize(QWidget *window)
+{
+    Qt::WindowFlags flags = window->windowType() | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                            Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+    // The main screens can be minimised; their dialogs go with them.
+    if (window->windowType() != Qt::Dialog)
+        flags |= Qt::WindowMinimizeButtonHint;
+    window->setWindowFlags(flags);
+    window->installEventFilter(new KeepNormalState(window));
+}
+
+QFont fittedFont(const QFont &font, const QString &text, int width)
+{
+    QFont fitted = font;
+    while (fitted.pointSizeF() > 4 && QFontMetrics(fitted).horizontalAdvance(text) > width)
+        fitted.setPointSizeF(qMax(4.0, fitted.pointSizeF() - 0.25));
+    return fitted;
+}
+
+void fitTexts(QWidget *window)
+{
+    for (QLabel *label : window->findChildren<QLabel *>())
+        if (!label->wordWrap() && !label->text().isEmpty())
+            label->setFont(fittedFont(label->font(), label->text(), label->contentsRect().width()));
+    for (QAbstractButton *button : window->findChildren<QAbstractButton *>()) {
+        QString text = button->text();
+        text.remove(QLatin1Char('&'));
+        // A check box also holds its box, a push or tool button its margins.
+        const int room = qobject_cast<QCheckBox *>(button)
+                             ? button->width() - button->sizeHint().width() + button->fontMetrics().horizontalAdvance(text)
+                             : button->width() - 8;
+        if (!text.isEmpty())
+            button->setFont(fittedFont(button->font(), text, room));
+    }
+}
+
+void setFittedText(QLabel *label, const QString &text)
+{
+    QVariant design = label->property("designFont");
+    if (!design.isValid()) {
+        design = label->font();
+        label->setProperty("designFont", design);
+    }
+    label->setText(text);
+    label->setFont(fittedFont(design.value<QFont>(), text, label->contentsRect().width()));
+}
 
 void nameControl(QWidget *w, const QString &objectName, const QString &accessibleName, const QString &tooltip)
 {

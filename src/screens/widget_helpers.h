@@ -6,6 +6,7 @@
 
 class QAbstractButton;
 class QFont;
+class QLabel;
 class QWidget;
 
 namespace amorra {
@@ -45,6 +46,23 @@ inline QString gameTitle()
 {
     return QStringLiteral("Amorra");
 }
+
+// For a window of fixed size: no maximise button, and a window manager's
+// maximise or fullscreen is undone, since the game's windows are drawn to
+// their design's size. Call before the window is shown.
+void keepWindowSize(QWidget *window);
+
+// The largest point size, at most the font's own, at which `text` fits
+// `width` pixels on one line (never below 4 pt).
+QFont fittedFont(const QFont &font, const QString &text, int width);
+
+// Shrinks the font of every one-line label and every button under
+// `window` whose text would not fit its box, as happens where the design's
+// font is missing and a wider one stands in.
+void fitTexts(QWidget *window);
+
+// Sets a label's text in its first font, or smaller when the text needs it.
+void setFittedText(QLabel *label, const QString &text);
 
 // A plain colour style sheet for one widget class, e.g. ("QLabel", 64,64,64, 192,192,255).
 QString colourSheet(const char *widgetClass, int fr, int fg, int fb, int br, int bg, int bb);

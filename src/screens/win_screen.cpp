@@ -51,7 +51,8 @@ WinScreen::WinScreen(const QString &playerName, const QString &moneyText, const 
     setObjectName(QStringLiteral("Form3"));
     setAccessibleName(gameTitle());
     setFixedSize(400, 318);
-    setStyleSheet(QStringLiteral("#Form3 { background-color: rgb(255,228,240); }"));
+    // A pink window of the game's: its texts are the game's dark colours.
+    setStyleSheet(QStringLiteral("#Form3 { background-color: rgb(255,228,240); } QLabel { color: rgb(0,0,0); }"));
     setAttribute(Qt::WA_StyledBackground);
 
     QLabel *headline = centredLabel(this, QStringLiteral("Well done! Looks like you landed a SWEELA!!!"),

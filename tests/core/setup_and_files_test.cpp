@@ -7,22 +7,27 @@
 
 #include <sys/resource.h>
 
+#include <algorithm>
+#include <random>
+
 using namespace amorra;
 using amorra::testing::TempDir;
 
 namespace {
 
 // Overspending is taken from the two partners, half the excess (rounded half
-// to even) from each; the label is written only when no points are overspent.
+// to even) from each, and what one cannot give without going below 0 from
+// the other; the label is written whenever no points are overspent after.
 TEST(Sliders, shareOneHundredFiftyPointsAtThePartnersExpense)
 {
     struct Row { const char *name; Slider moved; SliderValues before, after; const char *label; }; // "": the label keeps its text
     const Row table[] = {
-        {"looks up ten takes five from each", Slider::Looks, {60, 50, 50}, {60, 45, 45}, ""},
+        {"looks up ten takes five from each", Slider::Looks, {60, 50, 50}, {60, 45, 45}, "Points Left:0"},
         {"an excess of one corrects nothing", Slider::Looks, {51, 50, 50}, {51, 50, 50}, ""},
-        {"an excess of three takes two each", Slider::Luck, {50, 50, 53}, {48, 48, 53}, ""},
+        {"an excess of three takes two each", Slider::Luck, {50, 50, 53}, {48, 48, 53}, "Points Left:1"},
         {"an excess of five takes two each", Slider::Smart, {50, 55, 50}, {48, 55, 48}, ""},
-        {"partners never go below zero", Slider::Looks, {100, 10, 90}, {100, 0, 65}, ""},
+        {"the other partner gives what one at 0 cannot", Slider::Looks, {100, 10, 90}, {100, 0, 50}, "Points Left:0"},
+        {"the first partner short, the second gives the rest", Slider::Luck, {100, 25, 100}, {49, 0, 100}, "Points Left:1"},
         {"lowering frees points", Slider::Smart, {50, 30, 50}, {50, 30, 50}, "Points Left:20"},
         {"exactly spent", Slider::Luck, {40, 40, 70}, {40, 40, 70}, "Points Left:0"},
     };
@@ -31,6 +36,32 @@ TEST(Sliders, shareOneHundredFiftyPointsAtThePartnersExpense)
         const auto out = moveSlider(c.moved, c.before);
         EXPECT_EQ(out.values, c.after);
         EXPECT_EQ(out.pointsLabel.value_or(""), c.label);
+    }
+}
+
+// Keys (Home, End, page and arrow steps) and drags in any order never
+// overspend more than the rule's odd point, and the label tells the truth.
+TEST(Sliders, anySequenceOfKeysAndDragsKeepsTheSumAndTheLabelHonest)
+{
+    for (const unsigned seed : {1u, 2u, 3u}) {
+        SCOPED_TRACE(seed);
+        std::mt19937 dice(seed);
+        SliderValues v;
+        std::string label = initialPointsLabel();
+        for (int step = 0; step < 5000; ++step) {
+            const Slider moved = Slider(dice() % 3);
+            int &value = moved == Slider::Looks ? v.looks : moved == Slider::Smart ? v.smart : v.luck;
+            const int keys[] = {0, 100, value - 10, value - 1, value + 1, value + 10};
+            value = dice() % 4 ? std::clamp(keys[dice() % 6], 0, 100) : int(dice() % 101); // a key, or a drag
+            const std::string before = label;
+            const SliderOutcome out = moveSlider(moved, v);
+            v = out.values;
+            label = out.pointsLabel.value_or(label);
+            const int sum = v.looks + v.smart + v.luck;
+            ASSERT_TRUE(std::min({v.looks, v.smart, v.luck}) >= 0 && std::max({v.looks, v.smart, v.luck}) <= 100);
+            ASSERT_LE(sum, 151);
+            ASSERT_EQ(label, sum <= 150 ? "Points Left:" + std::to_string(150 - sum) : before) << step;
+        }
     }
 }
 

@@ -2,12 +2,57 @@
 
 #include "screens/action_list.h"
 
+#include <QAccessible>
+#include <QDir>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
 
 namespace amorra::testing {
+
+void RecordingSoundPlayer::play(const QString &file, SoundMode mode)
+{
+    files << file;
+    modes << mode;
+}
+
+QStringList RecordingSoundPlayer::names() const
+{
+    QStringList out;
+    for (const QString &file : files)
+        out << QFileInfo(file).fileName();
+    return out;
+}
+
+void RecordingDesktop::showMessage(QWidget *, const QString &text, const QString &title, bool exclamation)
+{
+    messages << (exclamation ? QStringLiteral("!") : QString()) + title + QStringLiteral(": ") + text;
+}
+
+bool RecordingDesktop::openUrl(const QUrl &url)
+{
+    urls << url;
+    return urlOpens;
+}
+
+QString spokenName(QWidget *w)
+{
+    const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(w);
+    return spoken ? spoken->text(QAccessible::Name) : QString();
+}
+
+WorkingDir::WorkingDir()
+    : m_previous(QDir::currentPath())
+{
+    QDir::setCurrent(QString::fromStdString(path()));
+}
+
+WorkingDir::~WorkingDir()
+{
+    QDir::setCurrent(m_previous);
+}
 
 void FlowFixture::initFlow()
 {
@@ -42,16 +87,16 @@ void FlowFixture::enterGame(const QString &name)
     QTest::mouseClick(named<QPushButton>(m_app->setupScreen(), "START"), Qt::LeftButton);
 }
 
-void FlowFixture::click(const QString &accessibleName)
+void FlowFixture::click(const QString &name)
 {
-    auto *button = named<QAbstractButton>(&m_app->mainScreen(), accessibleName);
-    QVERIFY2(button, qPrintable(accessibleName));
+    auto *button = named<QAbstractButton>(&m_app->mainScreen(), name);
+    QVERIFY2(button, qPrintable(name));
     QTest::mouseClick(button, Qt::LeftButton);
 }
 
 void FlowFixture::choose(int row)
 {
-    auto *list = named<ActionList>(&m_app->mainScreen(), "Action list");
+    auto *list = m_app->mainScreen().findChild<ActionList *>();
     QVERIFY(list && row < list->count());
     list->scrollToItem(list->item(row));
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());

@@ -1,11 +1,16 @@
 #pragma once
 
-#include "screen_fakes.h"
 #include "support/scripted_random.h"
+#include "support/temp_dir.h"
 
 #include "screens/app_controller.h"
+#include "screens/desktop.h"
+#include "screens/screen_host.h"
+#include "screens/sound_player.h"
 
 #include <QObject>
+#include <QStringList>
+#include <QUrl>
 
 #include <memory>
 
@@ -13,6 +18,77 @@ namespace amorra::testing {
 
 // Draws that raise no chance event: x lands on L, never on 3 or 9.
 inline constexpr double kCalm = 0.999;
+
+// Remembers every sound instead of playing it.
+class RecordingSoundPlayer : public SoundPlayer
+{
+public:
+    QStringList files;
+    QList<SoundMode> modes;
+    void play(const QString &file, SoundMode mode) override;
+    // File names without their folder, e.g. "doorbell.wav".
+    QStringList names() const;
+};
+
+// A desktop of a chosen size that records messages, pages and the end.
+class RecordingDesktop : public Desktop
+{
+public:
+    QSize size{1024, 768};
+    bool urlOpens = true;
+    QStringList messages; // "title: text", "!" before an exclamation box
+    QList<QUrl> urls;
+    int quits = 0;
+
+    QSize screenSize() const override { return size; }
+    void showMessage(QWidget *, const QString &text, const QString &title, bool exclamation) override;
+    bool openUrl(const QUrl &url) override;
+    void quit() override { ++quits; }
+};
+
+// A main screen's host that opens nothing.
+class NoHost : public ScreenHost
+{
+public:
+    int loadedScreenCount() const override { return 2; }
+    void showNotice(NoticeKind, const std::string &) override {}
+    void showGameOver() override {}
+    void showWin(const std::string &, const std::string &, const std::string &) override {}
+    void showLose(const std::string &) override {}
+    void showHighScores() override {}
+    void showSetup() override {}
+    void showTutorial() override {}
+    void showAbout() override {}
+    void showMessage(const std::string &, const std::string &, bool) override {}
+    void playSound(const std::string &, SoundMode) override {}
+};
+
+// What a screen reader calls a widget.
+QString spokenName(QWidget *w);
+
+// The T under `root` (or `root` itself) that a screen reader knows by this name.
+template<class T>
+T *named(QWidget *root, const QString &name)
+{
+    QList<T *> all = root ? root->findChildren<T *>() : QList<T *>();
+    if (auto *self = qobject_cast<T *>(root))
+        all.prepend(self);
+    for (T *w : all)
+        if (spokenName(w) == name)
+            return w;
+    return nullptr;
+}
+
+// The test's own working directory, where the game keeps its files.
+class WorkingDir : public TempDir
+{
+public:
+    WorkingDir();
+    ~WorkingDir();
+
+private:
+    QString m_previous;
+};
 
 // The whole program on fakes of the desktop and the sound, with scripted
 // dice, in a temporary working directory; and the clicks of a player.
@@ -25,8 +101,8 @@ protected:
     void startApp(const QString &assetDir = QStringLiteral(AMORRA_TEST_ASSETS));
     // Types the name and presses START; a new game draws picture 1, Lisa and a threshold of 21.
     void enterGame(const QString &name = QStringLiteral("Tom"));
-    void click(const QString &accessibleName);
-    // Clicks a row of the action list, then the action button.
+    void click(const QString &name);
+    // Chooses a row of the action list, then presses the action button.
     void choose(int row);
     void menu(const char *objectName);
     QWidget *window(const char *objectName) const;
