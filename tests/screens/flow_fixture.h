@@ -20,36 +20,41 @@ namespace amorra::testing {
 inline constexpr double kCalm = 0.999;
 
 // Remembers every sound instead of playing it.
-class RecordingSoundPlayer : public SoundPlayer
+struct RecordingSoundPlayer : SoundPlayer
 {
-public:
     QStringList files;
     QList<SoundMode> modes;
-    void play(const QString &file, SoundMode mode) override;
-    // File names without their folder, e.g. "doorbell.wav".
-    QStringList names() const;
+    void play(const QString &file, SoundMode mode) override { files << file, modes << mode; }
+    QStringList names() const // without their folder, e.g. "doorbell.wav"
+    {
+        QStringList out;
+        for (const QString &file : files)
+            out << file.section(QLatin1Char('/'), -1);
+        return out;
+    }
 };
 
-// A desktop of a chosen size that records messages, pages and the end.
-class RecordingDesktop : public Desktop
+// A desktop of a chosen size that records messages ("title: text", "!"
+// before one with an exclamation icon), web pages and the end.
+struct RecordingDesktop : Desktop
 {
-public:
     QSize size{1024, 768};
     bool urlOpens = true;
-    QStringList messages; // "title: text", "!" before an exclamation box
+    QStringList messages;
     QList<QUrl> urls;
     int quits = 0;
-
     QSize screenSize() const override { return size; }
-    void showMessage(QWidget *, const QString &text, const QString &title, bool exclamation) override;
-    bool openUrl(const QUrl &url) override;
+    void showMessage(QWidget *, const QString &text, const QString &title, bool exclamation) override
+    {
+        messages << (exclamation ? QStringLiteral("!") : QString()) + title + QStringLiteral(": ") + text;
+    }
+    bool openUrl(const QUrl &url) override { return urls << url, urlOpens; }
     void quit() override { ++quits; }
 };
 
 // A main screen's host that opens nothing.
-class NoHost : public ScreenHost
+struct NoHost : ScreenHost
 {
-public:
     int loadedScreenCount() const override { return 2; }
     void showNotice(NoticeKind, const std::string &) override {}
     void showGameOver() override {}
@@ -79,23 +84,13 @@ T *named(QWidget *root, const QString &name)
     return nullptr;
 }
 
-// The test's own working directory, where the game keeps its files.
-class WorkingDir : public TempDir
-{
-public:
-    WorkingDir();
-    ~WorkingDir();
-
-private:
-    QString m_previous;
-};
-
 // The whole program on fakes of the desktop and the sound, with scripted
 // dice, in a temporary working directory; and the clicks of a player.
 class FlowFixture : public QObject
 {
 protected:
-    void initFlow();
+    void initFlow(); // also between the rows of one test
+
     void cleanupFlow();
 
     void startApp(const QString &assetDir = QStringLiteral(AMORRA_TEST_ASSETS));
@@ -105,14 +100,15 @@ protected:
     // Chooses a row of the action list, then presses the action button.
     void choose(int row);
     void menu(const char *objectName);
+    // An open window besides the main and setup screens; its OK button.
     QWidget *window(const char *objectName) const;
     void pressOk(const char *objectName);
-    void closeBox(const char *objectName);
     QString talk() { return QString::fromStdString(m_app->mainScreen().GetTalk()); }
     GameState &state() { return m_app->game().state(); }
     bool mainEnabled() { return m_app->mainScreen().isEnabled(); }
 
-    std::unique_ptr<WorkingDir> m_dir;
+    std::unique_ptr<TempDir> m_dir; // the working directory, where the game keeps its files
+    QString m_previousDir;
     RecordingDesktop m_desktop;
     RecordingSoundPlayer m_sound;
     ScriptedRandom m_random;
