@@ -3,14 +3,17 @@
 #include "support/scripted_random.h"
 #include "support/temp_dir.h"
 
+#include "screens/action_list.h"
 #include "screens/app_controller.h"
 #include "screens/desktop.h"
-#include "screens/screen_host.h"
 #include "screens/sound_player.h"
 
-#include <QObject>
-#include <QStringList>
-#include <QUrl>
+#include <QAccessible>
+#include <QDir>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
 
 #include <memory>
 
@@ -19,23 +22,15 @@ namespace amorra::testing {
 // Draws that raise no chance event: x lands on L, never on 3 or 9.
 inline constexpr double kCalm = 0.999;
 
-// Remembers every sound instead of playing it.
+// Remembers every sound instead of playing it: "cat.wav", "(wait)" after one that is waited for.
 struct RecordingSoundPlayer : SoundPlayer
 {
-    QStringList files;
-    QList<SoundMode> modes;
-    void play(const QString &file, SoundMode mode) override { files << file, modes << mode; }
-    QStringList names() const // without their folder, e.g. "doorbell.wav"
-    {
-        QStringList out;
-        for (const QString &file : files)
-            out << file.section(QLatin1Char('/'), -1);
-        return out;
-    }
+    QStringList played;
+    void play(const QString &file, SoundMode mode) override { played << file.section('/', -1) + (mode == SoundMode::Wait ? " (wait)" : ""); }
 };
 
-// A desktop of a chosen size that records messages ("title: text", "!"
-// before one with an exclamation icon), web pages and the end.
+// A desktop of a chosen size that records its messages ("title: text", "!"
+// before one with an exclamation icon), the web pages it opens and the end.
 struct RecordingDesktop : Desktop
 {
     QSize size{1024, 768};
@@ -44,32 +39,16 @@ struct RecordingDesktop : Desktop
     QList<QUrl> urls;
     int quits = 0;
     QSize screenSize() const override { return size; }
-    void showMessage(QWidget *, const QString &text, const QString &title, bool exclamation) override
-    {
-        messages << (exclamation ? QStringLiteral("!") : QString()) + title + QStringLiteral(": ") + text;
-    }
+    void showMessage(QWidget *, const QString &text, const QString &title, bool warn) override { messages << (warn ? "!" : "") + title + ": " + text; }
     bool openUrl(const QUrl &url) override { return urls << url, urlOpens; }
     void quit() override { ++quits; }
 };
 
-// A main screen's host that opens nothing.
-struct NoHost : ScreenHost
-{
-    int loadedScreenCount() const override { return 2; }
-    void showNotice(NoticeKind, const std::string &) override {}
-    void showGameOver() override {}
-    void showWin(const std::string &, const std::string &, const std::string &) override {}
-    void showLose(const std::string &) override {}
-    void showHighScores() override {}
-    void showSetup() override {}
-    void showTutorial() override {}
-    void showAbout() override {}
-    void showMessage(const std::string &, const std::string &, bool) override {}
-    void playSound(const std::string &, SoundMode) override {}
-};
-
 // What a screen reader calls a widget.
-QString spokenName(QWidget *w);
+inline QString spokenName(QWidget *w)
+{
+    return QAccessible::queryAccessibleInterface(w)->text(QAccessible::Name);
+}
 
 // The T under `root` (or `root` itself) that a screen reader knows by this name.
 template<class T>
@@ -89,26 +68,67 @@ T *named(QWidget *root, const QString &name)
 class FlowFixture : public QObject
 {
 protected:
-    void initFlow(); // also between the rows of one test
-
-    void cleanupFlow();
-
-    void startApp(const QString &assetDir = QStringLiteral(AMORRA_TEST_ASSETS));
+    void initFlow() // also to start afresh between the rows of one test
+    {
+        cleanupFlow();
+        m_dir = std::make_unique<TempDir>();
+        QDir::setCurrent(QString::fromStdString(m_dir->path()));
+        m_desktop = RecordingDesktop();
+        m_sound = RecordingSoundPlayer();
+        m_random = ScriptedRandom();
+    }
+    void cleanupFlow()
+    {
+        m_app.reset();
+        QDir::setCurrent(QDir::tempPath());
+        m_dir.reset();
+        QVERIFY2(!m_random.overrun, "the game drew more often than the test scripted");
+    }
+    void startApp(const QString &assetDir = QStringLiteral(AMORRA_TEST_ASSETS))
+    {
+        m_app = std::make_unique<AppController>(m_random, m_sound, m_desktop, assetDir);
+        m_app->start();
+    }
     // Types the name and presses START; a new game draws picture 1, Lisa and a threshold of 21.
-    void enterGame(const QString &name = QStringLiteral("Tom"));
-    void click(const QString &name);
+    void enterGame(const QString &name = QStringLiteral("Tom"))
+    {
+        if (!m_app)
+            startApp();
+        named<QLineEdit>(m_app->setupScreen(), "Your name")->setText(name);
+        m_random.push({pick(1, 11), pick(2, 10), pick(1, 15)});
+        QTest::mouseClick(named<QPushButton>(m_app->setupScreen(), "START"), Qt::LeftButton);
+    }
+    void click(const QString &name) { QTest::mouseClick(named<QAbstractButton>(&m_app->mainScreen(), name), Qt::LeftButton); }
     // Chooses a row of the action list, then presses the action button.
-    void choose(int row);
-    void menu(const char *objectName);
-    // An open window besides the main and setup screens; its OK button.
-    QWidget *window(const char *objectName) const;
-    void pressOk(const char *objectName);
+    void choose(int row)
+    {
+        auto *list = m_app->mainScreen().findChild<ActionList *>();
+        QVERIFY(row < list->count());
+        list->scrollToItem(list->item(row));
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+        QCOMPARE(m_app->mainScreen().GetListIndex(), row);
+        QTest::mouseClick(m_app->mainScreen().findChild<QPushButton *>("cmd_ok"), Qt::LeftButton);
+    }
+    void menu(const char *objectName)
+    {
+        // A disabled main screen disables its menu bar; a player could not get there.
+        QVERIFY(m_app->mainScreen().menuBar()->isEnabled());
+        m_app->mainScreen().findChild<QAction *>(QLatin1String(objectName))->trigger();
+    }
+    // An open window besides the main and setup screens, and its OK button.
+    QWidget *window(const char *objectName) const
+    {
+        for (QWidget *w : m_app->openWindows())
+            if (w->objectName() == QLatin1String(objectName))
+                return w;
+        return nullptr;
+    }
+    void pressOk(const char *objectName) { QTest::mouseClick(named<QPushButton>(window(objectName), "OK"), Qt::LeftButton); }
     QString talk() { return QString::fromStdString(m_app->mainScreen().GetTalk()); }
     GameState &state() { return m_app->game().state(); }
     bool mainEnabled() { return m_app->mainScreen().isEnabled(); }
 
     std::unique_ptr<TempDir> m_dir; // the working directory, where the game keeps its files
-    QString m_previousDir;
     RecordingDesktop m_desktop;
     RecordingSoundPlayer m_sound;
     ScriptedRandom m_random;
