@@ -50,14 +50,11 @@ inline QString spokenName(QWidget *w)
     return QAccessible::queryAccessibleInterface(w)->text(QAccessible::Name);
 }
 
-// The T under `root` (or `root` itself) that a screen reader knows by this name.
+// The T under `root` that a screen reader knows by this name.
 template<class T>
 T *named(QWidget *root, const QString &name)
 {
-    QList<T *> all = root ? root->findChildren<T *>() : QList<T *>();
-    if (auto *self = qobject_cast<T *>(root))
-        all.prepend(self);
-    for (T *w : all)
+    for (T *w : root->findChildren<T *>())
         if (spokenName(w) == name)
             return w;
     return nullptr;

@@ -4,7 +4,6 @@
 
 #include "screens/tutorial_window.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QFile>
 #include <QLabel>
@@ -22,8 +21,7 @@ class FlowTest : public FlowFixture
 private Q_SLOTS:
     void init() { initFlow(); }
     void cleanup() { cleanupFlow(); }
-    void setupRefusesAnEmptyNameRemembersAGivenOneAndComesBackFresh();
-    void slidersShareOneHundredFiftyPointsWhateverTheKeys();
+    void setupRemembersTheNameAndSharesOneHundredFiftyPointsWhateverTheKeys();
     void aWholeGameWonThroughToTheTop20();
     void aLostGameLeadsToTheGameOverDialog();
     void quickStartGuideAtStartUpUntilTheBoxIsTicked();
@@ -31,7 +29,7 @@ private Q_SLOTS:
     void theProgramEndsWhenAMainWindowClosesOrTheDesktopIsTooSmall();
 };
 
-void FlowTest::setupRefusesAnEmptyNameRemembersAGivenOneAndComesBackFresh()
+void FlowTest::setupRemembersTheNameAndSharesOneHundredFiftyPointsWhateverTheKeys()
 {
     m_dir->write("last", "Bob                 ");
     enterGame(QString());
@@ -46,29 +44,16 @@ void FlowTest::setupRefusesAnEmptyNameRemembersAGivenOneAndComesBackFresh()
     QCOMPARE(named<QSlider>(m_app->setupScreen(), "How good looking are you?")->value(), 50);
     QVERIFY(named<QLabel>(m_app->setupScreen(), "Points Left :0"));
     QCOMPARE(named<QLineEdit>(m_app->setupScreen(), "Your name")->selectedText(), QStringLiteral("Tom"));
-}
 
-void FlowTest::slidersShareOneHundredFiftyPointsWhateverTheKeys()
-{
+    // One over keeps the label; End on looks, luck, looks: a partner at 0 leaves its share to the other.
     const char *looks = "How good looking are you?";
-    const struct
-    {
-        std::vector<std::pair<const char *, Qt::Key>> keys;
-        double looks, smart, luck;
-        const char *label;
-    } rows[] = {{{{looks, Qt::Key_Right}}, 51, 50, 50, "Points Left :0"}, // one over: the rule corrects nothing
-                // End on looks, luck, looks: a partner at 0 leaves its share to the other
-                {{{looks, Qt::Key_End}, {"How lucky are you?", Qt::Key_End}, {looks, Qt::Key_End}}, 100, 0, 50, "Points Left:0"}};
-    for (const auto &row : rows) {
-        initFlow();
-        startApp();
-        for (const auto &[slider, key] : row.keys)
-            QTest::keyClick(named<QSlider>(m_app->setupScreen(), slider), key);
-        QVERIFY2(named<QLabel>(m_app->setupScreen(), row.label), row.label);
-        enterGame();
-        const PlayerProfile &p = state().player;
-        QVERIFY(p.looks == row.looks && p.smart == row.smart - 10 && p.luck == row.luck);
-    }
+    QTest::keyClick(named<QSlider>(m_app->setupScreen(), looks), Qt::Key_Right);
+    QVERIFY(named<QLabel>(m_app->setupScreen(), "Points Left :0"));
+    for (const char *slider : {looks, "How lucky are you?", looks})
+        QTest::keyClick(named<QSlider>(m_app->setupScreen(), slider), Qt::Key_End);
+    QVERIFY(named<QLabel>(m_app->setupScreen(), "Points Left:0"));
+    enterGame();
+    QVERIFY(state().player.looks == 100 && state().player.smart == -10 && state().player.luck == 50);
 }
 
 void FlowTest::aWholeGameWonThroughToTheTop20()
@@ -86,7 +71,6 @@ void FlowTest::aWholeGameWonThroughToTheTop20()
         choose(question);
     click("Buy A Gift");
     choose(1);
-    QCOMPARE(talk(), QStringLiteral("Tom: I got something for you.\r\nLisa: Thank you so much. You remembered!"));
     click("Call Her");
     click("Do you want to go out sometime?");
     QVERIFY(named<QLabel>(&m_app->mainScreen(), "Day 2") && named<QLabel>(&m_app->mainScreen(), "Bank Balance: $0"));
@@ -164,11 +148,8 @@ void FlowTest::quickStartGuideAtStartUpUntilTheBoxIsTicked()
     QTest::mouseClick(named<QCheckBox>(guide, "Don't show this again"), Qt::LeftButton);
     pressOk("tute_frm");
     QVERIFY(mainEnabled() && m_dir->read("tuteshow") == std::string("\x00\x00", 2));
-    // Later activations do not look again; from the menu, no check box and the main screen stays usable.
+    // From the menu: no check box, the main screen stays usable, the file is left alone.
     m_dir->write("tuteshow", std::string("\x01\x00", 2));
-    QApplication::setActiveWindow(nullptr);
-    QApplication::setActiveWindow(&m_app->mainScreen());
-    QVERIFY(!window("tute_frm"));
     menu("quickstart");
     QVERIFY(mainEnabled() && named<QCheckBox>(window("tute_frm"), "Don't show this again")->isHidden());
     pressOk("tute_frm");
