@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QStyle>
 #include <QStyledItemDelegate>
 
 namespace amorra {
@@ -87,6 +88,7 @@ ActionList::ActionList(QWidget *parent)
     : QListWidget(parent)
 {
     setItemDelegate(new ColumnDelegate(this));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setPressedLook(false);
     connect(this, &QListWidget::itemClicked, this, [this] { Q_EMIT rowChosen(); });
@@ -162,26 +164,45 @@ void ActionList::keyPressEvent(QKeyEvent *event)
 
 void ActionList::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::FontChange && !m_fitting) {
+        m_designFont = font();
         recomputeColumns();
+    }
     QListWidget::changeEvent(event);
 }
 
 void ActionList::recomputeColumns()
 {
     // Column c starts a gap after the widest text any row has in column c - 1.
-    const QFontMetrics metrics(font());
-    QVector<int> widest;
-    for (int r = 0; r < count(); ++r) {
-        const QStringList columns = rowColumns(item(r)->text());
-        if (widest.size() < columns.size())
-            widest.resize(columns.size());
-        for (int c = 0; c < columns.size(); ++c)
-            widest[c] = std::max(widest[c], metrics.horizontalAdvance(columns[c]));
+    // The rows take the design's font, or a smaller one where a wider
+    // stand-in font would push the longest row past the scroll bar.
+    const int room = width() - 2 * frameWidth() - style()->pixelMetric(QStyle::PM_ScrollBarExtent) - 2 * kTextMargin;
+    QFont fitted = m_designFont;
+    for (;;) {
+        const QFontMetrics metrics(fitted);
+        QVector<int> widest;
+        int widestRow = 0;
+        for (int r = 0; r < count(); ++r) {
+            const QStringList columns = rowColumns(item(r)->text());
+            if (widest.size() < columns.size())
+                widest.resize(columns.size());
+            for (int c = 0; c < columns.size(); ++c)
+                widest[c] = std::max(widest[c], metrics.horizontalAdvance(columns[c]));
+        }
+        m_columnStarts.fill(0, widest.size());
+        for (int c = 1; c < widest.size(); ++c)
+            m_columnStarts[c] = m_columnStarts[c - 1] + widest[c - 1] + kColumnGap;
+        if (!widest.isEmpty())
+            widestRow = m_columnStarts.last() + widest.last();
+        if (widestRow <= room || fitted.pointSizeF() <= 6)
+            break;
+        fitted.setPointSizeF(fitted.pointSizeF() - 0.25);
     }
-    m_columnStarts.fill(0, widest.size());
-    for (int c = 1; c < widest.size(); ++c)
-        m_columnStarts[c] = m_columnStarts[c - 1] + widest[c - 1] + kColumnGap;
+    if (fitted != font()) {
+        m_fitting = true;
+        setFont(fitted);
+        m_fitting = false;
+    }
     viewport()->update();
 }
 

@@ -38,7 +38,9 @@ private:
     void recomputeColumns();
 
     QVector<int> m_columnStarts;
+    QFont m_designFont;
     bool m_filling = false;
+    bool m_fitting = false;
 };
 
 // The columns of a row: the text between runs of tabs.

@@ -52,7 +52,9 @@ QTableWidget *makeGrid(QWidget *parent, const HighScoreScreenData &data)
     for (int c = 0; c < 5; ++c) {
         header->resizeSection(c, twips(kColumnTwips[c]));
         const QString text = c < int(data.headers.size()) ? qt(data.headers[c]) : QString();
-        grid->setHorizontalHeaderItem(c, new QTableWidgetItem(text));
+        auto *item = new QTableWidgetItem(text);
+        item->setData(Qt::AccessibleTextRole, text.trimmed());
+        grid->setHorizontalHeaderItem(c, item);
     }
     // The last column takes what the grid has left, so no scroll bar appears.
     header->setStretchLastSection(true);
@@ -105,8 +107,9 @@ HighScoreWindow::HighScoreWindow(const HighScoreScreenData &data, const QString 
     champion->setTextFormat(Qt::PlainText);
     champion->setAlignment(Qt::AlignCenter);
     champion->setGeometry(twipsRect(7440, 3120, 2175, 255));
-    champion->setFont(fittedFont(arialFont(9, true), champion->text(), champion->width()));
-    nameControl(champion, QStringLiteral("Label1"), QStringLiteral("Champion: ") + champion->text());
+    champion->setFont(arialFont(9, true));
+    nameControl(champion, QStringLiteral("Label1"),
+                champion->text().isEmpty() ? QStringLiteral("Champion") : QStringLiteral("Champion: ") + champion->text());
 
     // The banner's box would reach past the window's right edge: it keeps
     // its place, ends at the edge, and the picture shrinks to fit when it must.

@@ -217,9 +217,6 @@ void MainScreen::SetFace(const std::string &picture, const std::string &tooltip)
 
 void MainScreen::EnableMain(bool enabled)
 {
-    // Disabling moves the focus along; remember where it was.
-    if (!enabled && focusWidget())
-        m_lastFocus = focusWidget();
     setEnabled(enabled);
 }
 

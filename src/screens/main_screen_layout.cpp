@@ -143,8 +143,6 @@ void MainScreen::buildScreen()
     m_talk->setFont(arialFont(9, true));
     m_talk->setStyleSheet(colourSheet("QTextEdit", 0, 0, 0, 255, 255, 255));
     m_talk->setAcceptRichText(false);
-    m_talk->setTabChangesFocus(true); // one Tab stop, read-only
-
     // Her three-line greeting fits without a scroll bar.
     m_talk->document()->setDocumentMargin(2);
 

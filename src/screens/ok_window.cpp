@@ -2,31 +2,16 @@
 
 #include "widget_helpers.h"
 
-#include <QAccessible>
-#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QPushButton>
 #include <QShortcut>
 
 namespace amorra {
 
-namespace {
-
-// Screen readers announce each of these windows as a dialog, by its title.
-QAccessibleInterface *dialogFactory(const QString &className, QObject *object)
-{
-    if (className == QLatin1String("amorra::OkWindow") && object && object->isWidgetType())
-        return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Dialog);
-    return nullptr;
-}
-
-} // namespace
-
 OkWindow::OkWindow(QWidget *parent)
     : QWidget(parent, Qt::Dialog)
 {
-    static const bool factoryInstalled = (QAccessible::installFactory(dialogFactory), true);
-    Q_UNUSED(factoryInstalled);
+    announceWindowRoles();
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(gameTitle());
     keepWindowSize(this);

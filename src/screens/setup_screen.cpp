@@ -19,6 +19,7 @@ SetupScreen::SetupScreen(const QString &lastName, const QString &assetDir, QWidg
     setWindowTitle(gameTitle());
     setAccessibleName(QStringLiteral("Player setup"));
     keepWindowSize(this);
+    announceWindowRoles();
     setFixedSize(480, 424);
     // The design's font, so that a larger desktop font cannot push text out of its box.
     setFont(sansSerifFont(8.25));
@@ -56,7 +57,7 @@ SetupScreen::SetupScreen(const QString &lastName, const QString &assetDir, QWidg
                        "the more money you make and the more luck on your side, the better your chances, BUT be "
                        "honest!"),
         this);
-    nameControl(advice, QStringLiteral("Label4"), QStringLiteral("Advice"));
+    advice->setObjectName(QStringLiteral("Label4")); // read by its text
     advice->setWordWrap(true);
     advice->setFont(arialFont(8.25, true));
     advice->setGeometry(8, 328, 464, 48);

@@ -1,6 +1,8 @@
 #include "widget_helpers.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QCheckBox>
 #include <QDir>
 #include <QEvent>
@@ -57,7 +59,24 @@ protected:
     }
 };
 
+QAccessibleInterface *windowRoles(const QString &className, QObject *object)
+{
+    if (!object || !object->isWidgetType())
+        return nullptr;
+    if (className == QLatin1String("amorra::OkWindow"))
+        return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Dialog);
+    if (className == QLatin1String("amorra::SetupScreen"))
+        return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Window);
+    return nullptr;
+}
+
 } // namespace
+
+void announceWindowRoles()
+{
+    static const bool installed = (QAccessible::installFactory(windowRoles), true);
+    Q_UNUSED(installed);
+}
 
 void keepWindowSize(QWidget *window)
 {

@@ -111,6 +111,8 @@ void FlowTest::aWholeGameWonThroughToTheTop20()
     for (int c = 0; c < 5; ++c) // the new result, in red
         QVERIFY(grid->item(0, c)->text() == first[c] && grid->item(0, c)->foreground().color() == QColor(255, 0, 0));
     QVERIFY(named<QLabel>(window("Form5"), "Champion: Tom") && grid->item(1, 1)->text().isEmpty());
+    QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(grid); // without the padding
+    QVERIFY(heard->child(3)->text(QAccessible::Name) == "Total Days" && heard->child(8)->text(QAccessible::Name) == "Tom");
     QCOMPARE(m_dir->read("Scores").size(), size_t(798));
     pressOk("Form5");
     QVERIFY(mainEnabled() && m_app->loadedScreenCount() == 2);

@@ -230,20 +230,23 @@ void WindowsTest::everyWindowReadsFitsAndClosesOnEscapeOnLightAndDarkDesktops()
                         faults << name + w->objectName() + " clipped";
                 }
             }
+            if (auto *list = window->findChild<ActionList *>(); list && list->sizeHintForColumn(0) > list->viewport()->width())
+                faults << name + "Do_List rows clipped";
             window->setWindowState(Qt::WindowFullScreen);
             if (!window->rect().contains(window->childrenRect()) || window->minimumSize() != window->maximumSize() ||
                 window->windowFlags() & Qt::WindowMaximizeButtonHint || window->windowState() != Qt::WindowNoState)
                 faults << name + " grows or overflows";
             // Secondary windows are dialogs by their titles, and Escape is their OK.
             auto *dialog = qobject_cast<OkWindow *>(window);
+            if (QAccessible::queryAccessibleInterface(window)->role() != (dialog ? QAccessible::Dialog : QAccessible::Window))
+                faults << name + " is heard as no window";
             if (!dialog)
                 return;
             QSignalSpy finished(dialog, &OkWindow::finished);
             dialog->activateWindow();
             if (QTest::qWaitForWindowActive(dialog))
                 QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-            if (QAccessible::queryAccessibleInterface(dialog)->role() != QAccessible::Dialog ||
-                spokenName(dialog) != dialog->windowTitle() || finished.size() != 1 || finished.at(0).at(0) != OkWindow::Ok)
+            if (spokenName(dialog) != dialog->windowTitle() || finished.size() != 1 || finished.at(0).at(0) != OkWindow::Ok)
                 faults << name + " is no dialog that Escape closes as OK";
         });
         QVERIFY2(faults.isEmpty(), qPrintable(QString::number(points) + " pt: " + faults.join(", ")));
