@@ -17,9 +17,9 @@ SetupScreen::SetupScreen(const QString &lastName, const QString &assetDir, QWidg
 {
     setObjectName(QStringLiteral("Form2"));
     setWindowTitle(gameTitle());
+    announceWindowRoles(); // before anything makes a screen reader look at the window
     setAccessibleName(QStringLiteral("Player setup"));
     keepWindowSize(this);
-    announceWindowRoles();
     setFixedSize(480, 424);
     // The design's font, so that a larger desktop font cannot push text out of its box.
     setFont(sansSerifFont(8.25));

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QFont>
 #include <QFontMetrics>
+#include <QGuiApplication>
 #include <QImageReader>
 #include <QKeyEvent>
 #include <QLabel>
@@ -150,9 +151,21 @@ QPixmap loadPicture(const QString &assetDir, const QString &name)
         return QPixmap();
     // The format comes from the name (PNG or BMP, both built into Qt), not
     // from guessing: guessing makes Qt load and ask every image plugin.
-    QImageReader reader(QDir(assetDir).filePath(name), QFileInfo(name).suffix().toLower().toLatin1());
-    reader.setAutoDetectImageFormat(false);
-    return QPixmap::fromImage(reader.read());
+    auto read = [&assetDir](const QString &file) {
+        QImageReader reader(QDir(assetDir).filePath(file), QFileInfo(file).suffix().toLower().toLatin1());
+        reader.setAutoDetectImageFormat(false);
+        return reader.read();
+    };
+    // At 200% and more, the picture drawn twice as large, so that it stays sharp.
+    const QString twice = QStringLiteral("pictures/%1@2x.png").arg(QFileInfo(name).completeBaseName());
+    if (qGuiApp && qGuiApp->devicePixelRatio() > 1.5 && QFileInfo::exists(QDir(assetDir).filePath(twice))) {
+        QImage sharp = read(twice);
+        if (!sharp.isNull()) {
+            sharp.setDevicePixelRatio(2);
+            return QPixmap::fromImage(sharp);
+        }
+    }
+    return QPixmap::fromImage(read(name));
 }
 
 QFont arialFont(double pointSize, bool bold)

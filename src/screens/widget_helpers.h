@@ -38,7 +38,8 @@ void announceWindowRoles();
 void clickOnEnter(QAbstractButton *button);
 
 // A picture from the game's folder; a null pixmap when it is missing or
-// unreadable, so the box that shows it simply stays empty.
+// unreadable, so the box that shows it simply stays empty. On screens of two
+// device pixels to a pixel, its twice as large pictures/NAME@2x.png if any.
 QPixmap loadPicture(const QString &assetDir, const QString &name);
 
 // Fonts of the original design with sensible stand-ins on other systems.

@@ -32,12 +32,17 @@ png() { convert "$1" -strip -define png:exclude-chunks=date,time,tIME "PNG32:$2"
 pictures() {
     mkdir -p "$out/pictures" "$out/icons" "$work/girls" "$work/stills" "$work/anims"
 
-    # her eleven portraits, 24-bit BMP
+    # her eleven portraits, 24-bit BMP; each still picture also drawn twice as
+    # large as pictures/NAME@2x.png, which the game shows on screens of two
+    # device pixels to a pixel (200% scaling)
     python3 "$here/art/girls.py" "$work/girls"
     for i in 1 2 3 4 5 6 7 8 9 10 11; do
         rsvg-convert -w 105 -h 113 "$work/girls/girl$i.svg" -o "$work/girl$i.png"
         convert "$work/girl$i.png" -background white -alpha remove -alpha off -type TrueColor \
             "BMP3:$out/girl$i.bmp"
+        rsvg-convert -w 210 -h 226 "$work/girls/girl$i.svg" -o "$work/girl$i@2x.png"
+        convert "$work/girl$i@2x.png" -background white -alpha remove "$work/girl$i@2x-flat.png"
+        png "$work/girl$i@2x-flat.png" "$out/pictures/girl$i@2x.png"
     done
 
     # the still pictures
@@ -45,6 +50,8 @@ pictures() {
     while read -r name w h; do
         rsvg-convert -w "$w" -h "$h" "$work/stills/$name.svg" -o "$work/$name.png"
         png "$work/$name.png" "$out/pictures/$name.png"
+        rsvg-convert -w "$((w * 2))" -h "$((h * 2))" "$work/stills/$name.svg" -o "$work/$name@2x.png"
+        png "$work/$name@2x.png" "$out/pictures/$name@2x.png"
     done < "$work/stills/stills.txt"
 
     # the application icon: the SVG itself and the usual hicolor sizes
