@@ -8,8 +8,8 @@
 #include <QImageReader>
 #include <QLabel>
 #include <QMovie>
-#include <QStyle>
 #include <QPushButton>
+#include <QStyle>
 #include <QTableWidget>
 
 namespace amorra {
