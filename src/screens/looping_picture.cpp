@@ -1,0 +1,224 @@
+#include "looping_picture.h"
+
+#include <QElapsedTimer>
+#include <QImageReader>
+#include <QPainter>
+#include <QPointer>
+#include <QTimer>
+
+#include <algorithm>
+#include <limits>
+#include <map>
+#include <vector>
+
+namespace amorra {
+
+struct LoopFrames
+{
+    std::vector<QImage> images; // 8-bit, one per distinct frame
+    std::vector<qint64> endsMs; // when each frame gives way, from the start of the loop
+    qint64 loopMs = 0;
+};
+
+namespace {
+
+// Browsers show a GIF frame of no stated delay (or a tiny one) for 0.1 s.
+constexpr int kSmallestDelayMs = 20;
+constexpr int kDefaultDelayMs = 100;
+// What one animation may hold decoded; a larger file plays what fits.
+constexpr qint64 kMostBytes = 4 * 1024 * 1024;
+constexpr qint64 kNever = std::numeric_limits<qint64>::max();
+// Pictures that start within this of each other run in step.
+constexpr qint64 kSameStartMs = 50;
+
+std::shared_ptr<const LoopFrames> decode(const QString &path)
+{
+    auto frames = std::make_shared<LoopFrames>();
+    QImageReader reader(path, "gif");
+    reader.setAutoDetectImageFormat(false);
+    QImage shown; // the last distinct frame, in full colour
+    qint64 bytes = 0;
+    for (;;) {
+        const QImage frame = reader.read();
+        if (frame.isNull())
+            break;
+        const int stated = reader.nextImageDelay();
+        const qint64 delay = stated < kSmallestDelayMs ? kDefaultDelayMs : stated;
+        if (!frames->images.empty() && frame == shown) {
+            frames->endsMs.back() += delay;
+        } else {
+            // A GIF frame has at most 256 colours, so the 8-bit copy is exact.
+            QImage compact = frame.convertToFormat(QImage::Format_Indexed8, Qt::ThresholdDither | Qt::AvoidDither);
+            bytes += compact.sizeInBytes();
+            if (bytes > kMostBytes)
+                break;
+            frames->images.push_back(std::move(compact));
+            frames->endsMs.push_back(frames->loopMs + delay);
+            shown = frame;
+        }
+        frames->loopMs += delay;
+        if (!reader.canRead())
+            break;
+    }
+    return frames;
+}
+
+} // namespace
+
+// One clock for the pictures of one window: it wakes at the next change of
+// any of them, and only then.
+class LoopClock : public QObject
+{
+public:
+    explicit LoopClock(QWidget *window) : QObject(window)
+    {
+        setObjectName(QStringLiteral("loop_clock"));
+        m_time.start();
+        m_timer.setSingleShot(true);
+        m_timer.setTimerType(Qt::PreciseTimer);
+        connect(&m_timer, &QTimer::timeout, this, &LoopClock::tick);
+    }
+
+    static LoopClock *of(QWidget *window)
+    {
+        auto *clock = window->findChild<LoopClock *>(QStringLiteral("loop_clock"), Qt::FindDirectChildrenOnly);
+        return clock ? clock : new LoopClock(window);
+    }
+
+    // Pictures of the same file (the win screen's two hearts) share its frames.
+    std::shared_ptr<const LoopFrames> frames(const QString &path)
+    {
+        auto &decoded = m_decoded[path];
+        if (!decoded)
+            decoded = decode(path);
+        return decoded;
+    }
+
+    qint64 now() const { return m_time.elapsed(); }
+
+    // The start time a newly shown picture takes: the same as a picture
+    // shown just before it, so that the two change together.
+    qint64 startFor() const
+    {
+        const qint64 t = now();
+        return t - m_lastStart < kSameStartMs ? m_lastStart : t;
+    }
+
+    void add(LoopingPicture *picture, qint64 start)
+    {
+        m_lastStart = start;
+        if (std::find(m_pictures.begin(), m_pictures.end(), picture) == m_pictures.end())
+            m_pictures.push_back(picture);
+        schedule();
+    }
+
+    void remove(LoopingPicture *picture)
+    {
+        m_pictures.erase(std::remove(m_pictures.begin(), m_pictures.end(), picture), m_pictures.end());
+        schedule();
+    }
+
+private:
+    void tick()
+    {
+        const qint64 t = now();
+        for (LoopingPicture *picture : m_pictures)
+            if (picture->advanceTo(t))
+                picture->update();
+        schedule();
+    }
+
+    void schedule()
+    {
+        qint64 next = kNever;
+        for (const LoopingPicture *picture : m_pictures)
+            next = std::min(next, picture->nextChangeMs());
+        if (next == kNever) {
+            m_timer.stop();
+            return;
+        }
+        m_timer.start(int(std::clamp<qint64>(next - now(), 0, std::numeric_limits<int>::max())));
+    }
+
+    QElapsedTimer m_time;
+    QTimer m_timer;
+    qint64 m_lastStart = -kSameStartMs;
+    std::vector<LoopingPicture *> m_pictures;
+    std::map<QString, std::shared_ptr<const LoopFrames>> m_decoded;
+};
+
+LoopingPicture::LoopingPicture(const QString &path, QWidget *parent)
+    : QWidget(parent)
+{
+    m_nextChangeMs = kNever;
+    if (parent) {
+        m_clock = LoopClock::of(parent->window());
+        m_frames = m_clock->frames(path);
+    } else {
+        m_frames = decode(path);
+    }
+}
+
+LoopingPicture::~LoopingPicture()
+{
+    if (m_clock)
+        m_clock->remove(this);
+}
+
+bool LoopingPicture::isPlaying() const
+{
+    return m_nextChangeMs != kNever;
+}
+
+int LoopingPicture::distinctFrames() const
+{
+    return int(m_frames->images.size());
+}
+
+bool LoopingPicture::advanceTo(qint64 nowMs)
+{
+    if (m_frames->images.size() < 2 || m_frames->loopMs <= 0)
+        return false;
+    const qint64 into = (nowMs - m_startMs) % m_frames->loopMs;
+    const auto &ends = m_frames->endsMs;
+    const auto frame = int(std::upper_bound(ends.begin(), ends.end(), into) - ends.begin());
+    m_nextChangeMs = nowMs - into + ends[size_t(frame)];
+    if (frame == m_frame)
+        return false;
+    m_frame = frame;
+    return true;
+}
+
+void LoopingPicture::paintEvent(QPaintEvent *)
+{
+    if (m_frames->images.empty())
+        return;
+    const QImage &image = m_frames->images[size_t(m_frame)];
+    QPainter painter(this);
+    painter.drawImage(QPoint((width() - image.width()) / 2, (height() - image.height()) / 2), image);
+}
+
+void LoopingPicture::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    // A picture that fills its box hides what is behind it: only it repaints.
+    const bool fills = !m_frames->images.empty() && m_frames->images.front().size() == size()
+                       && !m_frames->images.front().hasAlphaChannel();
+    setAttribute(Qt::WA_OpaquePaintEvent, fills);
+    if (m_frames->images.size() < 2 || !m_clock)
+        return;
+    m_startMs = m_clock->startFor();
+    m_frame = 0;
+    advanceTo(m_clock->now());
+    m_clock->add(this, m_startMs);
+}
+
+void LoopingPicture::hideEvent(QHideEvent *event)
+{
+    if (m_clock)
+        m_clock->remove(this);
+    m_nextChangeMs = kNever;
+    QWidget::hideEvent(event);
+}
+
+} // namespace amorra
