@@ -193,9 +193,14 @@ void LoopingPicture::paintEvent(QPaintEvent *)
 {
     if (m_frames->images.empty())
         return;
-    const QImage &image = m_frames->images[size_t(m_frame)];
+    // The frame in the screen's own format, made once per change: painting
+    // it is then a plain copy.
+    if (m_shownFrame != m_frame) {
+        m_shown = QPixmap::fromImage(m_frames->images[size_t(m_frame)]);
+        m_shownFrame = m_frame;
+    }
     QPainter painter(this);
-    painter.drawImage(QPoint((width() - image.width()) / 2, (height() - image.height()) / 2), image);
+    painter.drawPixmap(QPoint((width() - m_shown.width()) / 2, (height() - m_shown.height()) / 2), m_shown);
 }
 
 void LoopingPicture::showEvent(QShowEvent *event)

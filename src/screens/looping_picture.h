@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPixmap>
 #include <QPointer>
 #include <QWidget>
 
@@ -42,6 +43,8 @@ protected:
 private:
     std::shared_ptr<const LoopFrames> m_frames;
     QPointer<LoopClock> m_clock;
+    QPixmap m_shown; // the frame on screen, ready to paint
+    int m_shownFrame = -1;
     qint64 m_startMs = 0;
     qint64 m_nextChangeMs = 0;
     int m_frame = 0;
