@@ -10,7 +10,10 @@
 #include "core/game_flow.h"
 
 #include <QDir>
+#include <QEvent>
+#include <QFile>
 #include <QFileInfo>
+#include <QTimer>
 #include <QUrl>
 
 namespace amorra {
@@ -72,6 +75,7 @@ AppController::~AppController()
     for (const QPointer<OkWindow> &w : std::as_const(m_windows))
         delete w.data();
     delete m_setup.data();
+    delete m_guideAhead.data();
 }
 
 bool AppController::start()
@@ -240,6 +244,40 @@ void AppController::mainActivated()
     if (readTuteShow(kTuteShowFile) == 1) {
         mainScreen().EnableMain(false);
         mainScreen().ShowTutorial();
+    }
+    delete m_guideAhead.data(); // not wanted after all
+}
+
+bool AppController::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Paint && watched == m_setup.data()) {
+        m_setup->removeEventFilter(this);
+        // After this paint has reached the screen.
+        QTimer::singleShot(0, this, &AppController::prepareAhead);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void AppController::prepareAhead()
+{
+    // The player is reading the setup screen: the main screen, and the
+    // guide when it is going to open by itself, are built now rather than
+    // inside the "START >" click.
+    if (m_ending || !m_setup)
+        return;
+    // Drawing it once off screen lays it out and fills the caches of its
+    // glyphs, pictures and styles, so the first real paint is quick.
+    mainScreen().grab();
+    QFile tuteShow(QString::fromLatin1(kTuteShowFile));
+    const bool guideDue = !m_tuteChecked && !m_guideAhead && tuteShow.open(QIODevice::ReadOnly)
+                          && tuteShowFromBytes(tuteShow.read(2).toStdString()) == 1;
+    if (guideDue) {
+        m_guideAhead = makeGuide();
+        // Later, so that a key the player presses meanwhile is not kept waiting.
+        QTimer::singleShot(0, this, [this] {
+            if (m_guideAhead)
+                m_guideAhead->grab();
+        });
     }
 }
 
