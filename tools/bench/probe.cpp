@@ -18,7 +18,6 @@
 #include <QMenuBar>
 #include <QPaintEvent>
 #include <QPointer>
-#include <QRegularExpression>
 #include <QSocketNotifier>
 #include <QTimer>
 #include <QWidget>
@@ -159,8 +158,12 @@ public:
                 // Runs once the paint and its flush to the screen are done.
                 QTimer::singleShot(0, this, [this] { firstPaintDone(); });
             }
-            if (m_timing && !isAnimationPaint(w, static_cast<QPaintEvent *>(event)->rect()))
+            if (m_timing && !isAnimationPaint(w, static_cast<QPaintEvent *>(event)->rect())) {
                 m_lastPaintNs = monotonicNs();
+                if (std::getenv("AMORRA_PROBE_TRACE"))
+                    std::fprintf(stderr, "paint %s/%s %.2f ms\n", w->window()->objectName().toLatin1().constData(),
+                                 w->metaObject()->className(), double(m_lastPaintNs - m_pressNs) / 1e6);
+            }
         } else if (event->type() == QEvent::MouseButtonPress && m_timing && m_pressNs == 0) {
             m_pressNs = monotonicNs();
         } else if (event->type() == QEvent::MouseButtonRelease && m_timing) {
@@ -220,6 +223,11 @@ private:
         m_lines.push_back("games=" + std::to_string(m_games));
         m_lines.push_back("clicks=" + std::to_string(m_clicks));
         m_lines.push_back("plugins_end=" + pluginsLoaded());
+        // Where the memory is, mapping by mapping, for a closer look.
+        if (const char *smaps = std::getenv("AMORRA_PROBE_SMAPS")) {
+            std::ifstream in("/proc/self/smaps");
+            std::ofstream(smaps) << in.rdbuf();
+        }
         std::FILE *f = m_out.empty() ? stdout : std::fopen(m_out.c_str(), "w");
         if (f) {
             for (const std::string &l : m_lines)
@@ -357,7 +365,14 @@ private:
         if (QWidget *setup = visibleWindow(QStringLiteral("Form2"))) {
             auto *name = setup->findChild<QLineEdit *>(QStringLiteral("name_txt"));
             QAbstractButton *start = buttonNamed(setup, QStringLiteral("Command1"));
+            if (name && start && !m_readSetup) {
+                // A player takes a moment to read the screen and type his name.
+                m_readSetup = true;
+                QTimer::singleShot(1500, this, [this] { step(); });
+                return;
+            }
             if (name && start) {
+                m_readSetup = false;
                 name->clear();
                 QTest::keyClicks(name, QStringLiteral("Bench"));
                 timedClick("start", start);
@@ -395,7 +410,9 @@ private:
     {
         auto *label = main->findChild<QLabel *>(QLatin1String(name));
         const QString text = label ? label->text() : QString();
-        const int at = int(text.lastIndexOf(QRegularExpression(QStringLiteral("[^0-9-]")))) + 1;
+        int at = int(text.size());
+        while (at > 0 && text[at - 1].isDigit())
+            --at;
         return text.mid(at).toInt();
     }
 
@@ -468,6 +485,7 @@ private:
     std::vector<QRect> m_animations;
     int m_steps = 0, m_clicks = 0, m_round = 0, m_question = 0, m_date = 0, m_games = 1;
     bool m_listUsed = false;
+    bool m_readSetup = false;
     int m_minimalClicks = 200;
     int m_maxGames = 10;
     long long m_quietNs = 30000000LL;
