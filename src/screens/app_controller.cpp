@@ -21,6 +21,7 @@ namespace amorra {
 namespace {
 const char kLastFile[] = "last";
 const char kTuteShowFile[] = "tuteshow";
+constexpr int kPrepareAfterPaintMs = 100;
 } // namespace
 
 AppController::AppController(RandomSource &random, SoundPlayer &sound, Desktop &desktop, const QString &assetDir,
@@ -252,8 +253,9 @@ bool AppController::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Paint && watched == m_setup.data()) {
         m_setup->removeEventFilter(this);
-        // After this paint has reached the screen.
-        QTimer::singleShot(0, this, &AppController::prepareAhead);
+        // Once this paint has reached the screen: the window system gets it
+        // only when the event loop next waits.
+        QTimer::singleShot(kPrepareAfterPaintMs, this, &AppController::prepareAhead);
     }
     return QObject::eventFilter(watched, event);
 }
