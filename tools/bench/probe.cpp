@@ -249,6 +249,8 @@ private:
         if (where.x() < 0)
             where = target->rect().center();
         ++m_clicks;
+        if (std::getenv("AMORRA_PROBE_TRACE"))
+            std::fprintf(stderr, "click %s\n", kind.c_str());
         m_animations = animationRects();
         m_timing = true;
         m_pressNs = 0;
@@ -373,8 +375,7 @@ private:
             }
             if (name && start) {
                 m_readSetup = false;
-                name->clear();
-                QTest::keyClicks(name, QStringLiteral("Bench"));
+                name->setText(QStringLiteral("Bench"));
                 timedClick("start", start);
                 return;
             }
