@@ -82,7 +82,7 @@ echo "== 3. The game as installed, on X11 (Xvfb): start-up, memory, clicks, idle
 echo "Desktop entry: $desktop, Exec=$command -> $entry"
 xvfb-run -a -s "-screen 0 1280x1024x24" env QT_QPA_PLATFORM=xcb "$B/amorra-startbench" --x11 \
   --game "$BUILD/src/app/amorra" --entry "$entry" --minimal "$B/amorra-minimal-window" \
-  --probe "$B/libamorra-probe.so" --guide assets/qsguide.rtf --runs "$RUNS" --games "$GAMES" \
+  --minimal-sound "$B/amorra-minimal-sound-window" --probe "$B/libamorra-probe.so" --guide assets/qsguide.rtf --runs "$RUNS" --games "$GAMES" \
   --idle-seconds "$IDLE" --label X11 >"$scratch/x11.txt" || status=$?
 cat "$scratch/x11.txt"
 

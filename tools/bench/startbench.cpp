@@ -38,7 +38,7 @@ constexpr double kFrameUs = 1e6 / 60;
 
 struct Options
 {
-    std::string game, minimal, probe, entry, guide, label = "this display";
+    std::string game, minimal, minimalSound, probe, entry, guide, label = "this display";
     int runs = 15, games = 1, idleSeconds = 30;
     std::string seed = "10"; // with the probe's way of playing, a won game with two notices
     bool x11 = false;
@@ -357,6 +357,7 @@ void startupRow(const char *name, const std::vector<double> &v)
 int usage()
 {
     std::fprintf(stderr, "Usage: amorra-startbench --game PATH --minimal PATH --probe PATH --guide PATH [--entry PATH]\n"
+                         "       [--minimal-sound PATH]\n"
                          "       [--runs N] [--games N] [--idle-seconds N] [--seed N] [--label TEXT] [--x11]\n");
     return 2;
 }
@@ -380,6 +381,8 @@ int main(int argc, char **argv)
             o.minimal = v;
         else if (a == "--probe")
             o.probe = v;
+        else if (a == "--minimal-sound")
+            o.minimalSound = fs::absolute(v).string();
         else if (a == "--entry")
             o.entry = v;
         else if (a == "--guide")
@@ -455,7 +458,7 @@ int main(int argc, char **argv)
     // Whole games: the game won (a lost game plays again), the quick start
     // guide at START and the Top 20 window after the win; the bare window
     // gets as many clicks.
-    std::vector<double> memBare, memGame;
+    std::vector<double> memBare, memGame, memSound;
     std::map<std::string, std::vector<double>> inside, outsideClicks, bareInside, bareOutside;
     std::map<std::string, std::vector<double>> idleCpu, idleWake;
     int unpainted = 0, won = 0, clicks = 0, games = 0;
@@ -473,6 +476,14 @@ int main(int argc, char **argv)
         }
         memGame.push_back(g.endHwmKb);
         memBare.push_back(m.endHwmKb);
+        if (!o.minimalSound.empty()) {
+            // The same window beeping through ALSA at each click: what any
+            // program holds once it has made a sound on this machine.
+            Launch beeping = launch(o.minimalSound, true, "game");
+            beeping.minimalClicks = g.clicks;
+            if (const Run b = bench.run(beeping); b.ok)
+                memSound.push_back(b.endHwmKb);
+        }
         won += g.ending == "won";
         clicks += g.clicks;
         games += g.games;
@@ -538,6 +549,11 @@ int main(int argc, char **argv)
                 kBare / 1024);
     std::printf("  %-44s %8.1f MB\n", "amorra after a won game, guide and Top 20", kGame / 1024);
     std::printf("  %-44s %s\n", "amorra / bare window", ratioVerdict(rMem, 1.20).c_str());
+    if (!memSound.empty()) {
+        const double kSound = quantile(memSound, 0.5);
+        std::printf("  %-44s %8.1f MB\n", "bare window beeping at each click", kSound / 1024);
+        std::printf("  %-44s %5.2fx\n", "amorra / bare window that beeps", kGame / kSound);
+    }
     std::printf("  (%d of %d runs won; %d game(s) played in all)\n", won, o.games, games);
 
     std::printf("\nClick to repaint (target: every click within one 60 Hz frame, %.1f ms)\n", kFrameUs / 1000);
