@@ -9,6 +9,7 @@
 #include "core/data_files.h"
 #include "core/game_flow.h"
 
+#include <QBackingStore>
 #include <QDir>
 #include <QEvent>
 #include <QFile>
@@ -22,6 +23,16 @@ namespace {
 const char kLastFile[] = "last";
 const char kTuteShowFile[] = "tuteshow";
 constexpr int kPrepareAfterPaintMs = 100;
+
+// A hidden window made ready to show: its native window, its drawing
+// buffer, and everything its first paint needs.
+void readyAhead(QWidget *window)
+{
+    window->winId();
+    if (QBackingStore *store = window->backingStore())
+        store->resize(window->size());
+    window->grab();
+}
 } // namespace
 
 AppController::AppController(RandomSource &random, SoundPlayer &sound, Desktop &desktop, const QString &assetDir,
@@ -267,9 +278,10 @@ void AppController::prepareAhead()
     // inside the "START >" click.
     if (m_ending || !m_setup)
         return;
-    // Drawing it once off screen lays it out and fills the caches of its
-    // glyphs, pictures and styles, so the first real paint is quick.
-    mainScreen().grab();
+    // Its window and drawing buffer are made now, hidden, and drawing it once
+    // off screen lays it out and fills the caches of its glyphs, pictures and
+    // styles, so the first real paint is quick.
+    readyAhead(&mainScreen());
     QFile tuteShow(QString::fromLatin1(kTuteShowFile));
     const bool guideDue = !m_tuteChecked && !m_guideAhead && tuteShow.open(QIODevice::ReadOnly)
                           && tuteShowFromBytes(tuteShow.read(2).toStdString()) == 1;
@@ -278,7 +290,7 @@ void AppController::prepareAhead()
         // Later, so that a key the player presses meanwhile is not kept waiting.
         QTimer::singleShot(0, this, [this] {
             if (m_guideAhead)
-                m_guideAhead->grab();
+                readyAhead(m_guideAhead);
         });
     }
 }

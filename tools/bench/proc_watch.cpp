@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 
+#include <cstdlib>
 #include <fstream>
 #include <sstream>
 
@@ -46,41 +47,40 @@ std::string loadAverage()
     return a + " " + b + " " + c;
 }
 
-TaskCost taskCost(pid_t pid)
+std::map<long, TaskCost> threadCosts(pid_t pid)
 {
-    TaskCost cost;
-    const std::string base = "/proc/" + std::to_string(pid);
-    {
-        // Fields 14 and 15 of stat, after the command name in parentheses.
-        std::ifstream in(base + "/stat");
-        std::string all((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-        const auto close = all.rfind(')');
-        if (close != std::string::npos) {
-            std::istringstream fields(all.substr(close + 2));
-            std::string f;
-            for (int i = 3; i <= 15 && fields >> f; ++i)
-                if (i == 14 || i == 15)
-                    cost.ticks += std::stoll(f);
-        }
-    }
-    DIR *tasks = opendir((base + "/task").c_str());
+    std::map<long, TaskCost> threads;
+    const std::string base = "/proc/" + std::to_string(pid) + "/task/";
+    DIR *tasks = opendir(base.c_str());
     if (!tasks)
-        return cost;
+        return threads;
     while (const dirent *e = readdir(tasks)) {
         if (e->d_name[0] == '.')
             continue;
-        const std::string task = base + "/task/" + e->d_name;
+        TaskCost &cost = threads[std::atol(e->d_name)];
+        const std::string task = base + e->d_name;
         std::ifstream sched(task + "/schedstat");
-        long long run = 0;
-        if (sched >> run)
-            cost.runNs += run;
+        sched >> cost.runNs;
         std::ifstream status(task + "/status");
         for (std::string line; std::getline(status, line);)
             if (line.rfind("voluntary_ctxt_switches:", 0) == 0)
-                cost.wakeups += std::stoll(line.substr(line.find(':') + 1));
+                cost.wakeups = std::stoll(line.substr(line.find(':') + 1));
     }
     closedir(tasks);
-    return cost;
+    return threads;
+}
+
+TaskCost costBetween(const std::map<long, TaskCost> &before, const std::map<long, TaskCost> &after)
+{
+    // Thread by thread: a thread that ended takes its counts with it, one
+    // that started brings all of its own.
+    TaskCost d;
+    for (const auto &[tid, cost] : after) {
+        const auto was = before.find(tid);
+        d.runNs += cost.runNs - (was == before.end() ? 0 : was->second.runNs);
+        d.wakeups += cost.wakeups - (was == before.end() ? 0 : was->second.wakeups);
+    }
+    return d;
 }
 
 } // namespace amorra::bench

@@ -4,6 +4,7 @@
 // a benchmark runs, and what a program costs while it should be idle.
 #include <sys/types.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -20,13 +21,15 @@ std::vector<double> busyPercent(const CpuTimes &before, const CpuTimes &after);
 // The first three fields of /proc/loadavg.
 std::string loadAverage();
 
-// A process's running time and wakeups so far, over all its threads.
+// A thread's running time and wakeups so far.
 struct TaskCost
 {
-    long long runNs = 0;      // time on a CPU (schedstat)
-    long long ticks = 0;      // utime + stime, in clock ticks
-    long long wakeups = 0;    // voluntary context switches: each time it slept and was woken
+    long long runNs = 0;   // time on a CPU (schedstat)
+    long long wakeups = 0; // voluntary context switches: each time it slept and was woken
 };
-TaskCost taskCost(pid_t pid);
+// Every thread of a process, by thread id.
+std::map<long, TaskCost> threadCosts(pid_t pid);
+// What the process cost between two readings.
+TaskCost costBetween(const std::map<long, TaskCost> &before, const std::map<long, TaskCost> &after);
 
 } // namespace amorra::bench

@@ -98,7 +98,9 @@ if [ -S "$runtime/amorra-bench" ]; then
   XDG_RUNTIME_DIR=$runtime WAYLAND_DISPLAY=amorra-bench QT_QPA_PLATFORM=wayland "$B/amorra-startbench" \
     --game "$BUILD/src/app/amorra" --minimal "$B/amorra-minimal-window" --probe "$B/libamorra-probe.so" \
     --guide assets/qsguide.rtf --runs 3 --games 1 --label Wayland >"$scratch/wayland.txt" || status=$?
-  cat "$scratch/wayland.txt"
+  # Only memory is compared here: weston draws with a software GL of its own,
+  # so its times say little about a real desktop.
+  sed -n '/^Machine load/p; /^Peak memory/,/^$/p' "$scratch/wayland.txt"
   x11=$(sed -n 's/^summary .*game_peak_kb=\([0-9.]*\).*/\1/p' "$scratch/x11.txt")
   wl=$(sed -n 's/^summary .*game_peak_kb=\([0-9.]*\).*/\1/p' "$scratch/wayland.txt")
   if [ -n "$x11" ] && [ -n "$wl" ]; then

@@ -126,12 +126,12 @@ Idle watchIdle(pid_t pid, int seconds)
 {
     // Let the window settle (its first frames, a sound finishing) first.
     std::this_thread::sleep_for(std::chrono::seconds(1));
-    const TaskCost before = taskCost(pid);
+    const auto before = threadCosts(pid);
     const long long t0 = monotonicNs();
     std::this_thread::sleep_for(std::chrono::seconds(seconds));
-    const TaskCost after = taskCost(pid);
+    const TaskCost cost = costBetween(before, threadCosts(pid));
     const double ns = double(monotonicNs() - t0);
-    return {100.0 * double(after.runNs - before.runNs) / ns, double(after.wakeups - before.wakeups) * 1e9 / ns};
+    return {100.0 * double(cost.runNs) / ns, double(cost.wakeups) * 1e9 / ns};
 }
 
 class Bench
