@@ -13,11 +13,26 @@
 
 namespace amorra {
 
+// The frames of one file, decoded as they first fall due, so that opening a
+// window waits for its first frame only.
 struct LoopFrames
 {
     std::vector<QImage> images; // 8-bit, one per distinct frame
     std::vector<qint64> endsMs; // when each frame gives way, from the start of the loop
-    qint64 loopMs = 0;
+    qint64 loopMs = 0;          // the whole loop, once every frame is read
+    std::unique_ptr<QImageReader> reader; // until the last frame is read
+    QImage shown;               // the last distinct frame, in full colour
+    qint64 bytes = 0;
+
+    bool complete() const { return !reader; }
+    // Reads the next frame; a frame like the one before only lengthens it.
+    void readNext();
+    // Reads on until the frame showing at `intoMs` of the first loop is known.
+    void readUntil(qint64 intoMs)
+    {
+        while (reader && (endsMs.empty() || endsMs.back() <= intoMs))
+            readNext();
+    }
 };
 
 namespace {
@@ -31,39 +46,49 @@ constexpr qint64 kNever = std::numeric_limits<qint64>::max();
 // Pictures that start within this of each other run in step.
 constexpr qint64 kSameStartMs = 50;
 
-std::shared_ptr<const LoopFrames> decode(const QString &path)
+std::shared_ptr<LoopFrames> openFrames(const QString &path)
 {
     auto frames = std::make_shared<LoopFrames>();
-    QImageReader reader(path, "gif");
-    reader.setAutoDetectImageFormat(false);
-    QImage shown; // the last distinct frame, in full colour
-    qint64 bytes = 0;
-    for (;;) {
-        const QImage frame = reader.read();
-        if (frame.isNull())
-            break;
-        const int stated = reader.nextImageDelay();
-        const qint64 delay = stated < kSmallestDelayMs ? kDefaultDelayMs : stated;
-        if (!frames->images.empty() && frame == shown) {
-            frames->endsMs.back() += delay;
-        } else {
-            // A GIF frame has at most 256 colours, so the 8-bit copy is exact.
-            QImage compact = frame.convertToFormat(QImage::Format_Indexed8, Qt::ThresholdDither | Qt::AvoidDither);
-            bytes += compact.sizeInBytes();
-            if (bytes > kMostBytes)
-                break;
-            frames->images.push_back(std::move(compact));
-            frames->endsMs.push_back(frames->loopMs + delay);
-            shown = frame;
-        }
-        frames->loopMs += delay;
-        if (!reader.canRead())
-            break;
-    }
+    frames->reader = std::make_unique<QImageReader>(path, "gif");
+    frames->reader->setAutoDetectImageFormat(false);
+    frames->readNext(); // the first frame shows at once
     return frames;
 }
 
 } // namespace
+
+void LoopFrames::readNext()
+{
+    const QImage frame = reader->read();
+    if (frame.isNull()) {
+        reader.reset();
+        return;
+    }
+    const int stated = reader->nextImageDelay();
+    const qint64 delay = stated < kSmallestDelayMs ? kDefaultDelayMs : stated;
+    const qint64 end = (endsMs.empty() ? 0 : endsMs.back()) + delay;
+    if (!images.empty() && frame == shown) {
+        endsMs.back() = end;
+    } else {
+        // A GIF frame has at most 256 colours, so the 8-bit copy is exact.
+        QImage compact = frame.convertToFormat(QImage::Format_Indexed8, Qt::ThresholdDither | Qt::AvoidDither);
+        bytes += compact.sizeInBytes();
+        if (bytes > kMostBytes) {
+            reader.reset();
+        } else {
+            images.push_back(std::move(compact));
+            endsMs.push_back(end);
+            shown = frame;
+        }
+    }
+    if (reader && !reader->canRead())
+        reader.reset();
+    if (!reader) {
+        loopMs = endsMs.empty() ? 0 : endsMs.back();
+        shown = QImage();
+    }
+}
+
 
 // One clock for the pictures of one window: it wakes at the next change of
 // any of them, and only then.
@@ -86,11 +111,11 @@ public:
     }
 
     // Pictures of the same file (the win screen's two hearts) share its frames.
-    std::shared_ptr<const LoopFrames> frames(const QString &path)
+    std::shared_ptr<LoopFrames> frames(const QString &path)
     {
         auto &decoded = m_decoded[path];
         if (!decoded)
-            decoded = decode(path);
+            decoded = openFrames(path);
         return decoded;
     }
 
@@ -144,7 +169,7 @@ private:
     QTimer m_timer;
     qint64 m_lastStart = -kSameStartMs;
     std::vector<LoopingPicture *> m_pictures;
-    std::map<QString, std::shared_ptr<const LoopFrames>> m_decoded;
+    std::map<QString, std::shared_ptr<LoopFrames>> m_decoded;
 };
 
 LoopingPicture::LoopingPicture(const QString &path, QWidget *parent)
@@ -155,7 +180,7 @@ LoopingPicture::LoopingPicture(const QString &path, QWidget *parent)
         m_clock = LoopClock::of(parent->window());
         m_frames = m_clock->frames(path);
     } else {
-        m_frames = decode(path);
+        m_frames = openFrames(path);
     }
 }
 
@@ -170,18 +195,20 @@ bool LoopingPicture::isPlaying() const
     return m_nextChangeMs != kNever;
 }
 
-int LoopingPicture::distinctFrames() const
-{
-    return int(m_frames->images.size());
-}
-
 bool LoopingPicture::advanceTo(qint64 nowMs)
 {
-    if (m_frames->images.size() < 2 || m_frames->loopMs <= 0)
+    LoopFrames &f = *m_frames;
+    const qint64 elapsed = nowMs - m_startMs;
+    if (!f.complete())
+        f.readUntil(elapsed);
+    if (f.images.empty() || (f.complete() && (f.images.size() < 2 || f.loopMs <= 0))) {
+        m_nextChangeMs = kNever;
         return false;
-    const qint64 into = (nowMs - m_startMs) % m_frames->loopMs;
-    const auto &ends = m_frames->endsMs;
-    const auto frame = int(std::upper_bound(ends.begin(), ends.end(), into) - ends.begin());
+    }
+    const qint64 into = f.complete() ? elapsed % f.loopMs : elapsed;
+    const auto &ends = f.endsMs;
+    const auto frame = std::min(int(std::upper_bound(ends.begin(), ends.end(), into) - ends.begin()),
+                                int(ends.size()) - 1);
     m_nextChangeMs = nowMs - into + ends[size_t(frame)];
     if (frame == m_frame)
         return false;
@@ -210,7 +237,7 @@ void LoopingPicture::showEvent(QShowEvent *event)
     const bool fills = !m_frames->images.empty() && m_frames->images.front().size() == size()
                        && !m_frames->images.front().hasAlphaChannel();
     setAttribute(Qt::WA_OpaquePaintEvent, fills);
-    if (m_frames->images.size() < 2 || !m_clock)
+    if ((m_frames->complete() && m_frames->images.size() < 2) || !m_clock)
         return;
     m_startMs = m_clock->startFor();
     m_frame = 0;

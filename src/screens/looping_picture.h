@@ -12,9 +12,9 @@ class LoopClock;
 struct LoopFrames;
 
 // A looping animated picture (the end screens' and the Top 20 window's GIFs).
-// Its frames are decoded once, kept in their own 8-bit colours and shared by
-// every picture of the same file; a frame that looks like the one before only
-// lengthens that one. All pictures on screen share one clock, so the program
+// Its frames are decoded once, as each first falls due, kept in their own
+// 8-bit colours and shared by the pictures of the same file in a window; a
+// frame that looks like the one before only lengthens that one. All pictures on screen share one clock, so the program
 // wakes only when some picture changes, and then repaints only that picture.
 class LoopingPicture : public QWidget
 {
@@ -26,9 +26,6 @@ public:
     ~LoopingPicture() override;
 
     bool isPlaying() const;
-    // Frames that differ from the one before them.
-    int distinctFrames() const;
-    int currentFrame() const { return m_frame; }
 
     // The clock's hand: shows the frame of this moment; false when it was already shown.
     bool advanceTo(qint64 nowMs);
@@ -41,7 +38,7 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
-    std::shared_ptr<const LoopFrames> m_frames;
+    std::shared_ptr<LoopFrames> m_frames;
     QPointer<LoopClock> m_clock;
     QPixmap m_shown; // the frame on screen, ready to paint
     int m_shownFrame = -1;
