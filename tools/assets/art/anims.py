@@ -241,15 +241,15 @@ def champlbl(t):
     return doc(160, 42, "".join(out), view=(W, H), defs=defs)
 
 
-# name, pixel size, number of frames, delay per frame in 1/100 s. About eight
-# frames a second is smooth enough for these small loops and keeps an open
+# name, pixel size, number of frames, delay per frame in 1/100 s. Seven
+# frames a second is enough for these small, slow loops and keeps an open
 # window nearly free; the pictures that share a window share one delay and
 # loops of whole multiples of each other, so they change together.
 ANIMS = [
-    ("couple_kiss", (160, 120), 20, 12, couple_kiss),
-    ("hearts", (48, 48), 10, 12, hearts),
-    ("champ", (143, 182), 16, 12, champ),
-    ("champlbl", (160, 42), 16, 12, champlbl),
+    ("couple_kiss", (160, 120), 16, 15, couple_kiss),
+    ("hearts", (48, 48), 8, 15, hearts),
+    ("champ", (143, 182), 12, 15, champ),
+    ("champlbl", (160, 42), 12, 15, champlbl),
 ]
 
 
