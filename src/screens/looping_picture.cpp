@@ -4,6 +4,7 @@
 #include <QImageReader>
 #include <QPainter>
 #include <QPointer>
+#include <QRegion>
 #include <QTimer>
 
 #include <algorithm>
@@ -147,9 +148,15 @@ private:
     void tick()
     {
         const qint64 t = now();
+        auto *window = static_cast<QWidget *>(parent());
+        QRegion changed;
         for (LoopingPicture *picture : m_pictures)
             if (picture->advanceTo(t))
-                picture->update();
+                changed += QRect(picture->mapTo(window, QPoint(0, 0)), picture->size());
+        // Painted now and sent to the screen in one go, rather than on the
+        // update timer, which would wake the program once more per frame.
+        if (!changed.isEmpty())
+            window->repaint(changed);
         schedule();
     }
 
