@@ -154,9 +154,13 @@ public:
         const std::string dir = l.dir.empty() ? tmp : l.dir;
         const std::string out = tmp + "/probe.txt";
         if (l.seedGuide) {
-            std::ofstream(dir + "/tuteshow", std::ios::binary).write("\1\0", 2);
+            // The player's folder of a first start ($XDG_DATA_HOME/amorra):
+            // the guide shows at START.
+            const std::string folder = dir + "/amorra";
             std::error_code ec;
-            fs::copy_file(m_o.guide, dir + "/qsguide.rtf", fs::copy_options::overwrite_existing, ec);
+            fs::create_directories(folder, ec);
+            std::ofstream(folder + "/tuteshow", std::ios::binary).write("\1\0", 2);
+            fs::copy_file(m_o.guide, folder + "/qsguide.rtf", fs::copy_options::overwrite_existing, ec);
         }
         int req[2] = {-1, -1}, ack[2] = {-1, -1};
         const bool driven = m_x && l.probe && l.mode == "game";
@@ -187,8 +191,8 @@ public:
                 setenv("AMORRA_PROBE_REQ_FD", std::to_string(req[1]).c_str(), 1);
                 setenv("AMORRA_PROBE_ACK_FD", std::to_string(ack[0]).c_str(), 1);
             }
-            std::freopen("/dev/null", "w", stdout);
-            std::freopen("/dev/null", "w", stderr);
+            if (!std::freopen("/dev/null", "w", stdout) || !std::freopen("/dev/null", "w", stderr))
+                _exit(125);
             execl(l.program.c_str(), l.program.c_str(), static_cast<char *>(nullptr));
             _exit(127);
         }
@@ -531,15 +535,15 @@ int main(int argc, char **argv)
             std::printf("  %-44s %s\n", "desktop entry / bare window", ratioVerdict(r, 1.10).c_str());
             ok = ok && r <= 1.10;
         }
-        startupRow("amorra-game alone", sGameOut);
-        std::printf("  %-44s %s\n", "amorra-game / bare window",
+        startupRow("the game program alone", sGameOut);
+        std::printf("  %-44s %s\n", "game program / bare window",
                     ratioVerdict(quantile(sGameOut, 0.5) / quantile(sBareOut, 0.5), 1.10).c_str());
     }
     std::printf(" from inside (launch to the probe's first paint and flush):\n");
     startupRow("bare Qt window", sBareIn);
-    startupRow("amorra-game", sGameIn);
+    startupRow("the game program", sGameIn);
     const double rIn = quantile(sGameIn, 0.5) / quantile(sBareIn, 0.5);
-    std::printf("  %-44s %s\n", "amorra-game / bare window", ratioVerdict(rIn, 1.10).c_str());
+    std::printf("  %-44s %s\n", "game program / bare window", ratioVerdict(rIn, 1.10).c_str());
 
     const double kBare = quantile(memBare, 0.5), kGame = quantile(memGame, 0.5);
     const double rMem = kGame / kBare;
