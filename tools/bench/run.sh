@@ -59,7 +59,7 @@ echo "Load after: $(load)"
 
 echo
 echo "== 2b. Quick start guide reader (one core) =="
-"$B/amorra-guide-bench" || status=$?
+taskset -c 0 "$B/amorra-guide-bench" || status=$?
 
 # What a player starts: the installed tree and its desktop entry's command,
 # found as the desktop finds it (on the PATH of the prefix).
