@@ -7,6 +7,7 @@
 #include "screens/app_style.h"
 #include "screens/desktop.h"
 #include "screens/sound_player.h"
+#include "screens/wayland_buffers.h"
 #include "screens/widget_helpers.h"
 
 #include <QApplication>
@@ -97,6 +98,7 @@ int main(int argc, char *argv[])
     qInstallMessageHandler(g_passOn);
     for (const auto &[type, message] : std::as_const(g_heldBack))
         qt_message_output(type, QMessageLogContext(), message);
+    amorra::useSharedMemoryBuffersOnWayland();
     // The application owns the style (the analyzer sees the leak one line late).
     // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks)
     QApplication::setStyle(new amorra::AppStyle);

@@ -234,8 +234,10 @@ bool replaceFileContents(const std::string &path, const std::string &bytes, File
     bool ok = true;
     if (exists) {
         // The owner first: changing it may clear mode bits.
-        if (old.st_uid != ::geteuid() || old.st_gid != ::getegid())
-            (void)::fchown(fd, old.st_uid, old.st_gid); // only root may give a file away
+        // Only root may give a file away; anyone else keeps it as his own.
+        if (old.st_uid != ::geteuid() || old.st_gid != ::getegid()) {
+            [[maybe_unused]] const int given = ::fchown(fd, old.st_uid, old.st_gid);
+        }
         ok = ::fchmod(fd, old.st_mode & 07777) == 0;
     }
     ok = ok && writeAll(files, fd, bytes) && files.fsync(fd) == 0;

@@ -9,8 +9,12 @@
 #include "core/data_files.h"
 #include "core/game_flow.h"
 
+#include <QBackingStore>
 #include <QDir>
+#include <QEvent>
+#include <QFile>
 #include <QFileInfo>
+#include <QTimer>
 #include <QUrl>
 
 namespace amorra {
@@ -18,6 +22,17 @@ namespace amorra {
 namespace {
 const char kLastFile[] = "last";
 const char kTuteShowFile[] = "tuteshow";
+constexpr int kPrepareAfterPaintMs = 100;
+
+// A hidden window made ready to show: its native window, its drawing
+// buffer, and everything its first paint needs.
+void readyAhead(QWidget *window)
+{
+    window->winId();
+    if (QBackingStore *store = window->backingStore())
+        store->resize(window->size());
+    window->grab();
+}
 } // namespace
 
 AppController::AppController(RandomSource &random, SoundPlayer &sound, Desktop &desktop, const QString &assetDir,
@@ -72,6 +87,7 @@ AppController::~AppController()
     for (const QPointer<OkWindow> &w : std::as_const(m_windows))
         delete w.data();
     delete m_setup.data();
+    delete m_guideAhead.data();
 }
 
 bool AppController::start()
@@ -240,6 +256,42 @@ void AppController::mainActivated()
     if (readTuteShow(kTuteShowFile) == 1) {
         mainScreen().EnableMain(false);
         mainScreen().ShowTutorial();
+    }
+    delete m_guideAhead.data(); // not wanted after all
+}
+
+bool AppController::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Paint && watched == m_setup.data()) {
+        m_setup->removeEventFilter(this);
+        // Once this paint has reached the screen: the window system gets it
+        // only when the event loop next waits.
+        QTimer::singleShot(kPrepareAfterPaintMs, this, &AppController::prepareAhead);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void AppController::prepareAhead()
+{
+    // The player is reading the setup screen: the main screen, and the
+    // guide when it is going to open by itself, are built now rather than
+    // inside the "START >" click.
+    if (m_ending || !m_setup)
+        return;
+    // Its window and drawing buffer are made now, hidden, and drawing it once
+    // off screen lays it out and fills the caches of its glyphs, pictures and
+    // styles, so the first real paint is quick.
+    readyAhead(&mainScreen());
+    QFile tuteShow(QString::fromLatin1(kTuteShowFile));
+    const bool guideDue = !m_tuteChecked && !m_guideAhead && tuteShow.open(QIODevice::ReadOnly)
+                          && tuteShowFromBytes(tuteShow.read(2).toStdString()) == 1;
+    if (guideDue) {
+        m_guideAhead = makeGuide();
+        // Later, so that a key the player presses meanwhile is not kept waiting.
+        QTimer::singleShot(0, this, [this] {
+            if (m_guideAhead)
+                readyAhead(m_guideAhead);
+        });
     }
 }
 

@@ -49,6 +49,9 @@ public:
     QList<QWidget *> openWindows() const;
     int loadedScreenCount() const override;
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     // ScreenHost: opening the other windows.
     void showNotice(NoticeKind kind, const std::string &text) override;
@@ -82,6 +85,9 @@ private:
     void syncSoundItem();
     void openWebPage(const QString &file);
     TutorialWindow *openTutorial();
+    TutorialWindow *makeGuide();
+    // While the player types his name: build what "START >" will show.
+    void prepareAhead();
     // Places a new window, counts it as loaded until it closes, and shows it.
     void present(OkWindow *window);
     void giveMainBack();
@@ -96,6 +102,7 @@ private:
     QPointer<SetupScreen> m_setup;
     bool m_setupHeld = false; // hidden behind the main screen: loaded, but let go
     QList<QPointer<OkWindow>> m_windows;
+    QPointer<TutorialWindow> m_guideAhead; // built ahead for the first activation
     bool m_mainLoaded = false;
     bool m_tuteChecked = false;
     bool m_scoreTroubleTold = false;

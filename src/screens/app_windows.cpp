@@ -157,6 +157,7 @@ void AppController::showSetup()
     connect(m_setup, &SetupScreen::startPressed, this, &AppController::startPressed);
     connect(m_setup, &SetupScreen::closedByPlayer, this, &AppController::endProgram);
     centreOnScreen(m_setup);
+    m_setup->installEventFilter(this); // its first paint starts the work ahead
     m_setup->show();
     m_setup->focusName();
 }
@@ -175,7 +176,8 @@ TutorialWindow *AppController::openTutorial()
             return open;
         }
     }
-    auto *guide = new TutorialWindow(QString::fromLatin1(kGuideFile));
+    TutorialWindow *guide = m_guideAhead ? m_guideAhead.data() : makeGuide();
+    m_guideAhead = nullptr;
     connect(guide, &OkWindow::finished, this, [this, guide] {
         if (guide->dontShowAgain() && !writeTuteShow(kTuteShowFile, 0))
             m_desktop.showMessage(guide,
@@ -186,6 +188,11 @@ TutorialWindow *AppController::openTutorial()
     });
     present(guide);
     return guide;
+}
+
+TutorialWindow *AppController::makeGuide()
+{
+    return new TutorialWindow(QString::fromLatin1(kGuideFile));
 }
 
 void AppController::showAbout()

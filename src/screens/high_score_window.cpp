@@ -3,11 +3,8 @@
 #include "widget_helpers.h"
 #include "win_screen.h"
 
-#include <QDir>
 #include <QHeaderView>
-#include <QImageReader>
 #include <QLabel>
-#include <QMovie>
 #include <QPushButton>
 #include <QStyle>
 #include <QTableWidget>
@@ -112,12 +109,9 @@ HighScoreWindow::HighScoreWindow(const HighScoreScreenData &data, const QString 
                 champion->text().isEmpty() ? QStringLiteral("Champion") : QStringLiteral("Champion: ") + champion->text());
 
     // The banner's box would reach past the window's right edge: it keeps
-    // its place, ends at the edge, and the picture shrinks to fit when it must.
-    const QRect room = twipsRect(7440, 3480, 2400, 630).intersected(rect());
-    QLabel *banner = makeAnimation(this, assetDir, QStringLiteral("champlbl.gif"), QStringLiteral("champlbl_gif"), room);
-    const QSize frame = QImageReader(QDir(assetDir).filePath(QStringLiteral("champlbl.gif"))).size();
-    if (banner->movie() && frame.isValid() && (frame.width() > room.width() || frame.height() > room.height()))
-        banner->movie()->setScaledSize(frame.scaled(room.size(), Qt::KeepAspectRatio));
+    // its place, ends at the edge, and the picture shrinks to fit.
+    makeAnimation(this, assetDir, QStringLiteral("champlbl.gif"), QStringLiteral("champlbl_gif"),
+                  twipsRect(7440, 3480, 2400, 630).intersected(rect()));
 
     QPushButton *ok = makeButton(QStringLiteral("OK"), QStringLiteral("Command1"), Ok);
     ok->setGeometry(twipsRect(8160, 4440, 975, 375));

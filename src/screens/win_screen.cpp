@@ -1,11 +1,11 @@
 #include "win_screen.h"
 
+#include "looping_picture.h"
 #include "widget_helpers.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
-#include <QMovie>
 #include <QPushButton>
 
 namespace amorra {
@@ -26,21 +26,13 @@ QLabel *centredLabel(QWidget *parent, const QString &text, const QString &object
 
 } // namespace
 
-QLabel *makeAnimation(QWidget *parent, const QString &assetDir, const QString &file, const QString &objectName,
-                      const QRect &geometry)
+QWidget *makeAnimation(QWidget *parent, const QString &assetDir, const QString &file, const QString &objectName,
+                       const QRect &geometry)
 {
-    auto *box = new QLabel(parent);
+    const QString path = assetDir.isEmpty() ? QString() : QDir(assetDir).filePath(file);
+    auto *box = new LoopingPicture(QFileInfo(path).isFile() ? path : QString(), parent);
     box->setGeometry(geometry);
-    box->setAlignment(Qt::AlignCenter);
     nameControl(box, objectName, QStringLiteral("Animation"));
-    const QString path = QDir(assetDir).filePath(file);
-    if (!assetDir.isEmpty() && QFileInfo(path).isFile()) {
-        auto *movie = new QMovie(path, QByteArray(), box);
-        if (movie->isValid()) {
-            box->setMovie(movie);
-            movie->start();
-        }
-    }
     return box;
 }
 

@@ -2,8 +2,6 @@
 
 #include "ok_window.h"
 
-class QLabel;
-
 namespace amorra {
 
 // "Well done! ..." with the kissing couple, her words, and the score, days
@@ -19,7 +17,7 @@ public:
 
 // An animated picture from the game's folder, playing; an empty box when
 // the file is missing or unreadable.
-QLabel *makeAnimation(QWidget *parent, const QString &assetDir, const QString &file, const QString &objectName,
-                      const QRect &geometry);
+QWidget *makeAnimation(QWidget *parent, const QString &assetDir, const QString &file, const QString &objectName,
+                       const QRect &geometry);
 
 } // namespace amorra

@@ -4,7 +4,8 @@
 # of the tools used here.
 # Needs: python3, rsvg-convert (librsvg2-bin), convert (imagemagick), sox, espeak-ng,
 # and the fonts-dejavu-core and fonts-urw-base35 fonts that the lettering uses.
-# Usage: tools/assets/make-assets.sh [pictures|sounds]   (both when no argument is given)
+# Usage: tools/assets/make-assets.sh [pictures|animations|sounds]   (all when no argument is given;
+# pictures include the animations)
 set -eu
 
 here=$(cd "$(dirname "$0")" && pwd)
@@ -12,7 +13,9 @@ root=$(cd "$here/../.." && pwd)
 out="$root/assets"
 what="${1:-all}"
 
-for tool in python3 rsvg-convert convert sox espeak-ng; do
+tools="python3 rsvg-convert convert"
+case "$what" in all | sounds) tools="$tools sox espeak-ng" ;; esac
+for tool in $tools; do
     if ! command -v "$tool" >/dev/null 2>&1; then
         echo "make-assets: $tool is missing (apt-get install librsvg2-bin imagemagick sox espeak-ng)" >&2
         exit 1
@@ -28,6 +31,22 @@ trap 'rm -rf "$work"' EXIT INT TERM
 
 # PNGs without time stamps, so that regenerating changes no byte that did not change.
 png() { convert "$1" -strip -define png:exclude-chunks=date,time,tIME "PNG32:$2"; }
+
+# The looping animations: frames rendered one by one, one shared palette per
+# animation so that colours do not flicker from frame to frame, looping forever.
+animations() {
+    mkdir -p "$work/anims"
+    python3 "$here/art/anims.py" "$work/anims"
+    while read -r name w h n delay; do
+        for f in "$work/anims/$name"/f*.svg; do
+            rsvg-convert -w "$w" -h "$h" "$f" -o "${f%.svg}.png"
+        done
+        convert "$work/anims/$name"/f*.png -append +dither -colors 255 -unique-colors \
+            "$work/$name-palette.gif"
+        convert -delay "$delay" -loop 0 "$work/anims/$name"/f*.png -alpha off +dither \
+            -remap "$work/$name-palette.gif" -layers OptimizeTransparency "$out/$name.gif"
+    done < "$work/anims/anims.txt"
+}
 
 pictures() {
     mkdir -p "$out/pictures" "$out/icons" "$work/girls" "$work/stills" "$work/anims"
@@ -61,18 +80,7 @@ pictures() {
         png "$work/icon$s.png" "$out/icons/amorra-$s.png"
     done
 
-    # the animations: frames rendered one by one, one shared palette per animation so
-    # that colours do not flicker from frame to frame, looping forever
-    python3 "$here/art/anims.py" "$work/anims"
-    while read -r name w h n delay; do
-        for f in "$work/anims/$name"/f*.svg; do
-            rsvg-convert -w "$w" -h "$h" "$f" -o "${f%.svg}.png"
-        done
-        convert "$work/anims/$name"/f*.png -append +dither -colors 255 -unique-colors \
-            "$work/$name-palette.gif"
-        convert -delay "$delay" -loop 0 "$work/anims/$name"/f*.png -alpha off +dither \
-            -remap "$work/$name-palette.gif" -layers OptimizeTransparency "$out/$name.gif"
-    done < "$work/anims/anims.txt"
+    animations
 }
 
 sounds() {
@@ -82,9 +90,10 @@ sounds() {
 
 case "$what" in
     pictures) pictures ;;
+    animations) animations ;;
     sounds) sounds ;;
     all) pictures; sounds ;;
-    *) echo "usage: $0 [pictures|sounds]" >&2; exit 2 ;;
+    *) echo "usage: $0 [pictures|animations|sounds]" >&2; exit 2 ;;
 esac
 # What a player would notice: loudness, clicks, look-alike portraits, still animations...
 python3 "$here/check_assets.py" "$out"

@@ -241,12 +241,15 @@ def champlbl(t):
     return doc(160, 42, "".join(out), view=(W, H), defs=defs)
 
 
-# name, pixel size, number of frames, delay per frame in 1/100 s
+# name, pixel size, number of frames, delay per frame in 1/100 s. Seven
+# frames a second is enough for these small, slow loops and keeps an open
+# window nearly free; the pictures that share a window share one delay and
+# loops of whole multiples of each other, so they change together.
 ANIMS = [
-    ("couple_kiss", (160, 120), 30, 8, couple_kiss),
-    ("hearts", (48, 48), 20, 6, hearts),
-    ("champ", (143, 182), 24, 8, champ),
-    ("champlbl", (160, 42), 20, 8, champlbl),
+    ("couple_kiss", (160, 120), 16, 15, couple_kiss),
+    ("hearts", (48, 48), 8, 15, hearts),
+    ("champ", (143, 182), 12, 15, champ),
+    ("champlbl", (160, 42), 12, 15, champlbl),
 ]
 
 

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QPixmap>
+#include <QPointer>
+#include <QWidget>
+
+#include <memory>
+
+namespace amorra {
+
+class LoopClock;
+struct LoopFrames;
+
+// A looping animated picture (the end screens' and the Top 20 window's GIFs).
+// Its frames are decoded once, as each first falls due, kept in their own
+// 8-bit colours and shared by the pictures of the same file in a window; a
+// frame that looks like the one before only lengthens that one. All pictures on screen share one clock, so the program
+// wakes only when some picture changes, and then repaints only that picture.
+class LoopingPicture : public QWidget
+{
+    Q_OBJECT
+
+public:
+    // An empty box when the file is missing or is not an animation.
+    LoopingPicture(const QString &path, QWidget *parent = nullptr);
+    ~LoopingPicture() override;
+
+    bool isPlaying() const;
+
+    // The clock's hand: shows the frame of this moment; false when it was already shown.
+    bool advanceTo(qint64 nowMs);
+    // When the picture next changes, on the clock's time.
+    qint64 nextChangeMs() const { return m_nextChangeMs; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    std::shared_ptr<LoopFrames> m_frames;
+    QPointer<LoopClock> m_clock;
+    QPixmap m_shown; // the frame on screen, ready to paint
+    int m_shownFrame = -1;
+    qint64 m_startMs = 0;
+    qint64 m_nextChangeMs = 0;
+    int m_frame = 0;
+};
+
+} // namespace amorra
