@@ -41,7 +41,7 @@ std::string resolveLinks(std::string path)
         std::string next(target, static_cast<size_t>(n));
         const auto slash = path.rfind('/');
         if (next[0] != '/' && slash != std::string::npos)
-            next = path.substr(0, slash + 1) + next;
+            next.insert(0, path, 0, slash + 1);
         path = next;
     }
     return path;

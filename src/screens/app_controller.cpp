@@ -43,6 +43,9 @@ AppController::AppController(RandomSource &random, SoundPlayer &sound, Desktop &
     , m_assetDir(assetDir)
     , m_random(random)
 {
+    m_prepareTimer.setSingleShot(true);
+    m_prepareTimer.setInterval(kPrepareAfterPaintMs);
+    connect(&m_prepareTimer, &QTimer::timeout, this, &AppController::prepareAhead);
 }
 
 MainScreen &AppController::mainScreen()
@@ -266,7 +269,7 @@ bool AppController::eventFilter(QObject *watched, QEvent *event)
         m_setup->removeEventFilter(this);
         // Once this paint has reached the screen: the window system gets it
         // only when the event loop next waits.
-        QTimer::singleShot(kPrepareAfterPaintMs, this, &AppController::prepareAhead);
+        m_prepareTimer.start();
     }
     return QObject::eventFilter(watched, event);
 }

@@ -11,6 +11,7 @@
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 
 #include <memory>
 
@@ -103,6 +104,7 @@ private:
     bool m_setupHeld = false; // hidden behind the main screen: loaded, but let go
     QList<QPointer<OkWindow>> m_windows;
     QPointer<TutorialWindow> m_guideAhead; // built ahead for the first activation
+    QTimer m_prepareTimer; // builds ahead once the setup screen is on screen
     bool m_mainLoaded = false;
     bool m_tuteChecked = false;
     bool m_scoreTroubleTold = false;

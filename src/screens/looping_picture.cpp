@@ -181,8 +181,8 @@ private:
 
 LoopingPicture::LoopingPicture(const QString &path, QWidget *parent)
     : QWidget(parent)
+    , m_nextChangeMs(kNever)
 {
-    m_nextChangeMs = kNever;
     if (parent) {
         m_clock = LoopClock::of(parent->window());
         m_frames = m_clock->frames(path);

@@ -26,7 +26,7 @@ class ScreenHost;
 // The game's one permanent window (Form1). It shows what the game logic
 // tells it through GameView and reports the player's clicks as signals; the
 // other windows, sounds and messages it hands on to its ScreenHost.
-class MainScreen : public QMainWindow, public GameView
+class MainScreen final : public QMainWindow, public GameView
 {
     Q_OBJECT
 
