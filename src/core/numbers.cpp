@@ -17,11 +17,8 @@ i16 saturate16(long long value)
 
 i16 add16(i16 a, long long b)
 {
-    // Guard the addition itself: b may come from a wider computation.
-    if (b > 1000000)
-        b = 1000000;
-    if (b < -1000000)
-        b = -1000000;
+    // Every amount the game adds is a few thousand at most, far from
+    // overflowing the wide sum.
     return saturate16(static_cast<long long>(a) + b);
 }
 

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -53,6 +54,27 @@ private:
     }
     std::string m_call;
     int m_error;
+};
+
+// A slow disk: each read hands out at most 1,000 bytes, and the furthest
+// byte ever asked for is kept. It never hands out more than `room`, so a
+// reader that asks for too much fails the test instead of the heap.
+class ShortReads final : public FileSystem
+{
+public:
+    explicit ShortReads(size_t room) : m_room(room) {}
+    ssize_t read(int fd, void *to, size_t n) override
+    {
+        furthest = std::max(furthest, given + n);
+        const ssize_t got = FileSystem::read(fd, to, std::min({n, size_t{1000}, m_room - given}));
+        given += got > 0 ? static_cast<size_t>(got) : 0;
+        return got;
+    }
+    size_t given = 0;
+    size_t furthest = 0;
+
+private:
+    size_t m_room;
 };
 
 GameResult pendingWin(const std::string &name, double score)
@@ -174,6 +196,35 @@ TEST(PlayerFiles, areReadUpToTheirLimitAndNeverBlock)
     EXPECT_EQ(readTuteShow(dir.file("tuteshow")), 0);
     EXPECT_EQ(readPlayerFile(dir.file("tuteshow"), 2).outcome, ReadOutcome::Failed);
     EXPECT_EQ(readPlayerFile(dir.file("missing"), 2).outcome, ReadOutcome::Missing);
+
+    std::string long_file(3000, 'x');
+    long_file[1499] = 'y';
+    dir.write("qsguide.rtf", long_file);
+    ShortReads disk(1501);
+    const FileRead guide = readPlayerFile(dir.file("qsguide.rtf"), 1500, disk);
+    EXPECT_EQ(guide.bytes, long_file.substr(0, 1500));
+    EXPECT_TRUE(guide.longer);
+    EXPECT_LE(disk.furthest, 1501u); // the limit and one byte to tell it is longer
+}
+
+// Some launchers start a game with standard input closed: its own files
+// then get descriptor 0, which has to be closed (and unlocked) like any other.
+TEST(PlayerFiles, leaveNoDescriptorOpenWhenStandardInputIsClosed)
+{
+    TempDir dir;
+    const int input = ::dup(0);
+    ::close(0);
+    for (int round = 1; round <= 2; ++round) {
+        SCOPED_TRACE(round);
+        EXPECT_TRUE(FolderLock(dir.file("Scores")).held());
+        EXPECT_TRUE(replaceFileContents(dir.file("Scores"), "table"));
+    }
+    const int next = ::open("/dev/null", O_RDONLY);
+    ::dup2(input, 0);
+    ::close(input);
+    EXPECT_EQ(next, 0);
+    if (next > 0)
+        ::close(next);
 }
 
 // Two games ending at once, many times over, some killed half way: the file
