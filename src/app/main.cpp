@@ -7,7 +7,7 @@
 #include "screens/app_style.h"
 #include "screens/desktop.h"
 #include "screens/sound_player.h"
-#include "screens/wayland_buffers.h"
+#include "screens/window_system.h"
 #include "screens/widget_helpers.h"
 
 #include <QApplication>
@@ -93,12 +93,13 @@ int main(int argc, char *argv[])
     for (const std::string &name : amorra::nameSoundStreams())
         soundNames << QString::fromStdString(name);
 
+    amorra::chooseWindowSystem();
     g_passOn = qInstallMessageHandler(startUpMessages);
     QApplication app(argc, argv);
     qInstallMessageHandler(g_passOn);
     for (const auto &[type, message] : std::as_const(g_heldBack))
         qt_message_output(type, QMessageLogContext(), message);
-    amorra::useSharedMemoryBuffersOnWayland();
+    amorra::quietAboutSharedMemoryBuffers();
     // The application owns the style (the analyzer sees the leak one line late).
     // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks)
     QApplication::setStyle(new amorra::AppStyle);

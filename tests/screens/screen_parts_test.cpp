@@ -1,5 +1,6 @@
-// The screens' plain parts: the action list's columns.
+// The screens' plain parts: the action list's columns, the window system chosen.
 #include "screens/action_list.h"
+#include "screens/window_system.h"
 
 #include <QTest>
 
@@ -12,6 +13,8 @@ class ScreenPartsTest : public QObject
 private Q_SLOTS:
     void listRowsSplitIntoColumnsAtRunsOfTabs_data();
     void listRowsSplitIntoColumnsAtRunsOfTabs();
+    void waylandDesktopsKeepFramesWithoutGl_data();
+    void waylandDesktopsKeepFramesWithoutGl();
 };
 
 void ScreenPartsTest::listRowsSplitIntoColumnsAtRunsOfTabs_data()
@@ -32,6 +35,50 @@ void ScreenPartsTest::listRowsSplitIntoColumnsAtRunsOfTabs()
     QFETCH(QString, row);
     QFETCH(QStringList, columns);
     QCOMPARE(rowColumns(row), columns);
+}
+
+void ScreenPartsTest::waylandDesktopsKeepFramesWithoutGl_data()
+{
+    QTest::addColumn<QByteArray>("asked");
+    QTest::addColumn<QByteArray>("session");
+    QTest::addColumn<bool>("haveX");
+    QTest::addColumn<bool>("drawsFrames");
+    QTest::addColumn<QByteArray>("platform");
+    QTest::addColumn<bool>("sharedMemory");
+
+    QTest::newRow("X11 session") << QByteArray() << QByteArray("x11") << true << true << QByteArray() << false;
+    QTest::newRow("no session type") << QByteArray() << QByteArray() << true << true << QByteArray() << false;
+    QTest::newRow("KDE: compositor frames") << QByteArray() << QByteArray("wayland") << true << true << QByteArray()
+                                            << true;
+    QTest::newRow("GNOME: through its X server") << QByteArray() << QByteArray("wayland") << true << false
+                                                 << QByteArray("xcb") << false;
+    QTest::newRow("no X server: Qt's frames") << QByteArray() << QByteArray("wayland") << false << false
+                                              << QByteArray() << false;
+    QTest::newRow("Wayland named, no frames: kept") << QByteArray("wayland") << QByteArray("wayland") << true << false
+                                                    << QByteArray() << false;
+    QTest::newRow("Wayland named, frames") << QByteArray("wayland;xcb") << QByteArray("x11") << true << true
+                                           << QByteArray() << true;
+    QTest::newRow("X11 named in a Wayland session") << QByteArray("xcb") << QByteArray("wayland") << true << true
+                                                    << QByteArray() << false;
+}
+
+void ScreenPartsTest::waylandDesktopsKeepFramesWithoutGl()
+{
+    QFETCH(QByteArray, asked);
+    QFETCH(QByteArray, session);
+    QFETCH(bool, haveX);
+    QFETCH(bool, drawsFrames);
+    QFETCH(QByteArray, platform);
+    QFETCH(bool, sharedMemory);
+    bool askedCompositor = false;
+    const WindowSystemChoice choice = chooseWindowSystem(asked, session, haveX, [&] {
+        askedCompositor = true;
+        return drawsFrames;
+    });
+    QCOMPARE(choice.platform, platform);
+    QCOMPARE(choice.sharedMemoryOnly, sharedMemory);
+    // Asking costs a connection to the compositor: only where Qt goes to Wayland.
+    QCOMPARE(askedCompositor, asked.startsWith("wayland") || (asked.isEmpty() && session == "wayland"));
 }
 
 QTEST_MAIN(ScreenPartsTest)

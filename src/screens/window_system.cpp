@@ -1,6 +1,6 @@
-#include "wayland_buffers.h"
+#include "window_system.h"
 
-#include <QGuiApplication>
+#include <QString>
 #include <QtGlobal>
 
 #include <dlfcn.h>
@@ -76,6 +76,7 @@ bool compositorDrawsFrames()
     return found;
 }
 
+bool g_sharedMemoryOnly = false;
 QtMessageHandler previousHandler = nullptr;
 
 void quietAboutBuffers(QtMsgType type, const QMessageLogContext &context, const QString &message)
@@ -90,17 +91,40 @@ void quietAboutBuffers(QtMsgType type, const QMessageLogContext &context, const 
 
 } // namespace
 
-void useSharedMemoryBuffersOnWayland()
+WindowSystemChoice chooseWindowSystem(const QByteArray &askedPlatform, const QByteArray &sessionType, bool haveX,
+                                      const std::function<bool()> &compositorDrawsFrames)
 {
-    if (QGuiApplication::platformName() != QLatin1String("wayland")
-        || qEnvironmentVariableIsSet("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION"))
-        return;
-    // Without GL buffers Qt 6.4 draws no frames of its own, so this is only
-    // for compositors that draw them.
-    if (!compositorDrawsFrames())
-        return;
-    qputenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "shared-memory-only");
-    previousHandler = qInstallMessageHandler(quietAboutBuffers);
+    // Where Qt 6.4 goes by itself: the platform named, else Wayland in a
+    // Wayland session, else X11.
+    const bool named = !askedPlatform.isEmpty();
+    const bool wayland = named ? askedPlatform.startsWith("wayland") : sessionType == "wayland";
+    if (!wayland)
+        return {};
+    if (compositorDrawsFrames())
+        return {{}, true};
+    if (!named && haveX)
+        return {"xcb", false};
+    return {};
+}
+
+void chooseWindowSystem()
+{
+    const WindowSystemChoice choice =
+        chooseWindowSystem(qgetenv("QT_QPA_PLATFORM"), qgetenv("XDG_SESSION_TYPE"),
+                           !qEnvironmentVariableIsEmpty("DISPLAY"), [] { return compositorDrawsFrames(); });
+    if (!choice.platform.isEmpty())
+        qputenv("QT_QPA_PLATFORM", choice.platform);
+    // A buffer integration the player named is kept too.
+    if (choice.sharedMemoryOnly && !qEnvironmentVariableIsSet("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION")) {
+        qputenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "shared-memory-only");
+        g_sharedMemoryOnly = true;
+    }
+}
+
+void quietAboutSharedMemoryBuffers()
+{
+    if (g_sharedMemoryOnly)
+        previousHandler = qInstallMessageHandler(quietAboutBuffers);
 }
 
 } // namespace amorra

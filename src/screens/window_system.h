@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <functional>
+
+namespace amorra {
+
+// The game paints in software. On Wayland, Qt 6.4 loads the whole EGL stack
+// (some 50 MB, most of it a GL driver's LLVM) only to be allowed to draw
+// window frames, and without it draws none. So on a Wayland desktop:
+// - where the compositor draws frames itself (KDE, sway), Qt stays on
+//   shared-memory buffers;
+// - where it leaves them to the program (GNOME, weston) and an X server is
+//   there, the game runs through it, framed by the desktop like any X
+//   program, as Qt 5 did on GNOME;
+// - otherwise Qt's default stays, frames and EGL included.
+// A platform the player named in QT_QPA_PLATFORM is kept.
+struct WindowSystemChoice
+{
+    QByteArray platform; // for QT_QPA_PLATFORM; empty: leave it as it is
+    bool sharedMemoryOnly = false;
+};
+
+// `askedPlatform` is QT_QPA_PLATFORM, `sessionType` XDG_SESSION_TYPE;
+// `compositorDrawsFrames` is asked only when Qt would go to Wayland.
+WindowSystemChoice chooseWindowSystem(const QByteArray &askedPlatform, const QByteArray &sessionType, bool haveX,
+                                      const std::function<bool()> &compositorDrawsFrames);
+
+// Applies the choice for this desktop. Call before the QApplication exists.
+void chooseWindowSystem();
+
+// Once the QApplication exists: keeps Qt from reporting the GL buffers it
+// was asked not to load.
+void quietAboutSharedMemoryBuffers();
+
+} // namespace amorra
