@@ -295,8 +295,8 @@ FolderLock::~FolderLock()
 std::string lastNameRecord(const std::string &name)
 {
     std::string bytes = toCp1252(name);
-    const auto first = bytes.find_first_not_of(' ');
-    bytes = first == std::string::npos ? std::string() : bytes.substr(first, bytes.find_last_not_of(' ') - first + 1);
+    // Trailing spaces end up in the padding anyway.
+    bytes.erase(0, bytes.find_first_not_of(' '));
     bytes.resize(kNameLength, ' ');
     return bytes;
 }

@@ -1,9 +1,13 @@
 #include "core/game.h"
 #include "core/game_flow.h"
+#include "core/numbers.h"
 #include "support/scripted_random.h"
 #include "view/recording_view.h"
 
 #include <gtest/gtest.h>
+
+#include <cmath>
+#include <utility>
 
 using namespace amorra;
 using amorra::testing::pick;
@@ -101,6 +105,18 @@ TEST_F(Core, moneyChangesTheBalanceAndItsLabel)
         game.add_money(c[1]);
         EXPECT_EQ(s.money, c[2]);
         EXPECT_EQ(view.moneyLabel, "Bank Balance: $" + std::to_string(c[2]));
+    }
+}
+
+// Formulas round halves to even and stop at the ends of 16 bits.
+TEST(Numbers, roundingToSixteenBits)
+{
+    const std::pair<double, int> table[] = {{2.5, 2},         {3.5, 4},           {-2.5, -2},         {0.49, 0},
+                                            {32767.4, 32767}, {40000.0, 32767},   {-32768.4, -32768}, {-1e9, -32768},
+                                            {std::nan(""), 0}};
+    for (const auto &[value, rounded] : table) {
+        SCOPED_TRACE(value);
+        EXPECT_EQ(roundTo16(value), rounded);
     }
 }
 
