@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QRegion>
+#include <QStyle>
 #include <QTimer>
 
 #include <algorithm>
@@ -231,10 +232,18 @@ void LoopingPicture::paintEvent(QPaintEvent *)
     // it is then a plain copy.
     if (m_shownFrame != m_frame) {
         const QImage &image = m_frames->images[size_t(m_frame)];
-        // A picture larger than its box shrinks to fit rather than lose its edges.
-        const bool tooBig = image.width() > width() || image.height() > height();
-        m_shown = QPixmap::fromImage(tooBig ? image.scaled(size(), Qt::KeepAspectRatio, Qt::SmoothTransformation)
-                                            : image);
+        // A picture larger than its box shrinks to fit rather than lose its
+        // edges, each frame once: shrinking at every change cost more than
+        // all the rest of the window's animation.
+        if (image.width() > width() || image.height() > height()) {
+            m_shrunk.resize(m_frames->images.size());
+            QPixmap &shrunk = m_shrunk[size_t(m_frame)];
+            if (shrunk.isNull())
+                shrunk = QPixmap::fromImage(image.scaled(size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+            m_shown = shrunk;
+        } else {
+            m_shown = QPixmap::fromImage(image);
+        }
         m_shownFrame = m_frame;
     }
     QPainter painter(this);
@@ -244,9 +253,16 @@ void LoopingPicture::paintEvent(QPaintEvent *)
 void LoopingPicture::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
+    QSize picture = m_frames->images.empty() ? QSize() : m_frames->images.front().size();
+    // A picture larger than its box shrinks to fit, and the box, centred where
+    // it was, shrinks to the picture: what shows around it is the window's.
+    if (picture.width() > width() || picture.height() > height()) {
+        picture = picture.scaled(size(), Qt::KeepAspectRatio);
+        setGeometry(QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, picture, geometry()));
+    }
     // A picture that fills its box hides what is behind it: only it repaints.
-    const bool fills = !m_frames->images.empty() && m_frames->images.front().size() == size()
-                       && !m_frames->images.front().hasAlphaChannel();
+    // Repainting the window behind it too woke the program three times a frame.
+    const bool fills = picture == size() && !m_frames->images.front().hasAlphaChannel();
     setAttribute(Qt::WA_OpaquePaintEvent, fills);
     if ((m_frames->complete() && m_frames->images.size() < 2) || !m_clock)
         return;

@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <vector>
 
 namespace amorra {
 
@@ -41,6 +42,8 @@ private:
     std::shared_ptr<LoopFrames> m_frames;
     QPointer<LoopClock> m_clock;
     QPixmap m_shown; // the frame on screen, ready to paint
+    // A picture larger than its box: each frame shrunk once, when first shown.
+    std::vector<QPixmap> m_shrunk;
     int m_shownFrame = -1;
     qint64 m_startMs = 0;
     qint64 m_nextChangeMs = 0;
