@@ -17,6 +17,8 @@
 #include <QTimer>
 #include <QUrl>
 
+#include <utility>
+
 namespace amorra {
 
 namespace {
@@ -46,6 +48,9 @@ AppController::AppController(RandomSource &random, SoundPlayer &sound, Desktop &
     m_prepareTimer.setSingleShot(true);
     m_prepareTimer.setInterval(kPrepareAfterPaintMs);
     connect(&m_prepareTimer, &QTimer::timeout, this, &AppController::prepareAhead);
+    m_rememberTimer.setSingleShot(true);
+    m_rememberTimer.setInterval(kPrepareAfterPaintMs);
+    connect(&m_rememberTimer, &QTimer::timeout, this, [this] { rememberName(true); });
 }
 
 MainScreen &AppController::mainScreen()
@@ -147,7 +152,17 @@ void AppController::startPressed()
     closeSetup();
     m_setupHeld = true;
     openMain();
-    if (!writeLastName(kLastFile, name.toStdString()))
+    m_nameToRemember = name;
+    m_rememberTimer.start();
+}
+
+void AppController::rememberName(bool tellTrouble)
+{
+    m_rememberTimer.stop();
+    if (m_nameToRemember.isNull())
+        return;
+    const std::string name = std::exchange(m_nameToRemember, QString()).toStdString();
+    if (!writeLastName(kLastFile, name) && tellTrouble)
         m_desktop.showMessage(&mainScreen(),
                               QStringLiteral("Amorra could not remember your name for next time: the file \"last\" "
                                              "cannot be written here. The game goes on."),
@@ -300,6 +315,7 @@ void AppController::prepareAhead()
 
 void AppController::endProgram()
 {
+    rememberName(false); // a game left at once still leaves its name
     m_ending = true;
     m_mainLoaded = false;
     if (m_main)

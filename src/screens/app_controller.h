@@ -89,6 +89,7 @@ private:
     TutorialWindow *makeGuide();
     // While the player types his name: build what "START >" will show.
     void prepareAhead();
+    void rememberName(bool tellTrouble);
     // Places a new window, counts it as loaded until it closes, and shows it.
     void present(OkWindow *window);
     void giveMainBack();
@@ -105,6 +106,10 @@ private:
     QList<QPointer<OkWindow>> m_windows;
     QPointer<TutorialWindow> m_guideAhead; // built ahead for the first activation
     QTimer m_prepareTimer; // builds ahead once the setup screen is on screen
+    // The name goes to disk once the main screen is up: the write waits for
+    // the disk, which START should not.
+    QTimer m_rememberTimer;
+    QString m_nameToRemember;
     bool m_mainLoaded = false;
     bool m_tuteChecked = false;
     bool m_scoreTroubleTold = false;
