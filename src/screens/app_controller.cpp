@@ -24,7 +24,8 @@ namespace amorra {
 namespace {
 const char kLastFile[] = "last";
 const char kTuteShowFile[] = "tuteshow";
-constexpr int kPrepareAfterPaintMs = 100;
+// Work that can wait starts this long after a window has first been painted.
+constexpr int kAfterFirstPaintMs = 100;
 
 // A hidden window made ready to show: its native window, its drawing
 // buffer, and everything its first paint needs.
@@ -46,10 +47,10 @@ AppController::AppController(RandomSource &random, SoundPlayer &sound, Desktop &
     , m_random(random)
 {
     m_prepareTimer.setSingleShot(true);
-    m_prepareTimer.setInterval(kPrepareAfterPaintMs);
+    m_prepareTimer.setInterval(kAfterFirstPaintMs);
     connect(&m_prepareTimer, &QTimer::timeout, this, &AppController::prepareAhead);
     m_rememberTimer.setSingleShot(true);
-    m_rememberTimer.setInterval(kPrepareAfterPaintMs);
+    m_rememberTimer.setInterval(kAfterFirstPaintMs);
     connect(&m_rememberTimer, &QTimer::timeout, this, [this] { rememberName(true); });
 }
 

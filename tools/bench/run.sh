@@ -105,15 +105,17 @@ wayland_game() { # label, then the environment that differs
     "$@" "$B/amorra-startbench" --game "$BUILD/src/app/amorra" --minimal "$B/amorra-minimal-window" \
     --probe "$B/libamorra-probe.so" --guide assets/qsguide.rtf --runs 3 --games 1 --label "$label" \
     >"$scratch/$label.txt" || status=$?
-  sed -n 's/^summary .*game_peak_kb=\([0-9.]*\).*/\1/p' "$scratch/$label.txt"
 }
+game_peak_kb() { sed -n 's/^summary .*game_peak_kb=\([0-9.]*\).*/\1/p' "$scratch/$1.txt"; }
 if [ -S "$runtime/amorra-bench" ]; then
-  x11=$(sed -n 's/^summary .*game_peak_kb=\([0-9.]*\).*/\1/p' "$scratch/x11.txt")
   # As a player starts it in a Wayland session, with the compositor's X
   # server there; then with Qt's Wayland platform asked for by name, which
   # on a compositor that draws no frames holds Qt's EGL stack.
-  desktop=$(wayland_game wayland-desktop ${xdisplay:+DISPLAY=$xdisplay})
-  native=$(wayland_game wayland-named QT_QPA_PLATFORM=wayland)
+  wayland_game wayland-desktop ${xdisplay:+DISPLAY=$xdisplay}
+  wayland_game wayland-named QT_QPA_PLATFORM=wayland
+  x11=$(game_peak_kb x11)
+  desktop=$(game_peak_kb wayland-desktop)
+  native=$(game_peak_kb wayland-named)
   sed -n '/^Machine load/p' "$scratch/wayland-desktop.txt"
   [ -n "$xdisplay" ] || echo "weston started no X server (is xwayland installed?): the game ran on Wayland itself"
   if [ -n "$x11" ] && [ -n "$desktop" ] && [ -n "$native" ]; then
