@@ -5,12 +5,21 @@
 #include <QStyle>
 #include <QStyledItemDelegate>
 
+#include <algorithm>
+#include <cmath>
+
 namespace amorra {
 
 namespace {
 
 constexpr int kColumnGap = 12;
 constexpr int kTextMargin = 3;
+constexpr double kSmallestPoints = 6;
+
+int quarterPoints(const QFont &font)
+{
+    return qRound(font.pointSizeF() * 4);
+}
 
 class ColumnDelegate : public QStyledItemDelegate
 {
@@ -37,29 +46,36 @@ public:
         painter->setFont(opt.font);
         painter->setPen(opt.palette.color(opt.state & QStyle::State_Enabled ? QPalette::Normal : QPalette::Disabled,
                                           selected ? QPalette::HighlightedText : QPalette::Text));
+        painter->setClipRect(opt.rect, Qt::IntersectClip);
+        const int top = opt.rect.top() + (opt.rect.height() - QFontMetrics(opt.font).height()) / 2;
         const QStringList columns = rowColumns(text);
         const QVector<int> &starts = m_list->columnStarts();
         for (int c = 0; c < columns.size(); ++c) {
             const int x = opt.rect.left() + kTextMargin + (c < starts.size() ? starts[c] : 0);
-            const QRect cell(x, opt.rect.top(), opt.rect.right() - x, opt.rect.height());
-            painter->drawText(cell, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, columns[c]);
+            painter->drawStaticText(x, top, m_list->shapedText(columns[c]));
         }
         painter->restore();
     }
 
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
-        QSize size = QStyledItemDelegate::sizeHint(option, index);
+        // Every row is one line of the list's font: the style is asked its
+        // height once, not to lay out each row's text again.
+        if (m_heightFont != option.font || m_height < 0) {
+            m_heightFont = option.font;
+            m_height = QStyledItemDelegate::sizeHint(option, index).height();
+        }
         const QStringList columns = rowColumns(index.data().toString());
         const QVector<int> &starts = m_list->columnStarts();
         const int last = int(columns.size()) - 1;
         const int start = last < starts.size() ? starts[last] : 0;
-        size.setWidth(2 * kTextMargin + start + option.fontMetrics.horizontalAdvance(columns[last]));
-        return size;
+        return {2 * kTextMargin + start + m_list->textWidth(columns[last]), m_height};
     }
 
 private:
     ActionList *m_list;
+    mutable QFont m_heightFont;
+    mutable int m_height = -1;
 };
 
 } // namespace
@@ -86,6 +102,7 @@ QStringList rowColumns(const QString &row)
 
 ActionList::ActionList(QWidget *parent)
     : QListWidget(parent)
+    , m_designFont(font())
 {
     setItemDelegate(new ColumnDelegate(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -106,12 +123,15 @@ void ActionList::addRow(const QString &text)
     m_filling = true;
     auto *item = new QListWidgetItem(text, this);
     // Read aloud as columns, not as a string with tabs and padding in it.
-    QStringList columns = rowColumns(text);
-    for (QString &column : columns)
-        column = column.trimmed();
-    item->setData(Qt::AccessibleTextRole, columns.join(QStringLiteral(", ")));
+    const QStringList columns = rowColumns(text);
+    QStringList spoken;
+    for (const QString &column : columns)
+        spoken << column.trimmed();
+    item->setData(Qt::AccessibleTextRole, spoken.join(QStringLiteral(", ")));
     m_filling = false;
-    recomputeColumns();
+    takeRow(columns);
+    refit();
+    viewport()->update();
 }
 
 void ActionList::clearRows()
@@ -119,7 +139,8 @@ void ActionList::clearRows()
     m_filling = true;
     clear();
     m_filling = false;
-    recomputeColumns();
+    useFont(m_designFont);
+    viewport()->update();
 }
 
 int ActionList::selectedIndex() const
@@ -132,6 +153,28 @@ QString ActionList::rowText(int r) const
 {
     const QListWidgetItem *it = item(r);
     return it ? it->text() : QString();
+}
+
+int ActionList::textWidth(const QString &text) const
+{
+    const SizedText key(quarterPoints(font()), text);
+    auto found = m_widths.constFind(key);
+    if (found == m_widths.constEnd())
+        found = m_widths.insert(key, fontMetrics().horizontalAdvance(text));
+    return *found;
+}
+
+const QStaticText &ActionList::shapedText(const QString &text) const
+{
+    const SizedText key(quarterPoints(font()), text);
+    auto found = m_shaped.find(key);
+    if (found == m_shaped.end()) {
+        QStaticText shaped(text);
+        shaped.setTextFormat(Qt::PlainText);
+        shaped.prepare(QTransform(), font());
+        found = m_shaped.insert(key, shaped);
+    }
+    return *found;
 }
 
 void ActionList::setPressedLook(bool pressed)
@@ -166,44 +209,61 @@ void ActionList::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::FontChange && !m_fitting) {
         m_designFont = font();
-        recomputeColumns();
+        m_widths.clear();
+        m_shaped.clear();
+        m_widest.clear();
+        m_columnStarts.clear();
+        for (int r = 0; r < count(); ++r)
+            takeRow(rowColumns(item(r)->text()));
+        refit();
     }
     QListWidget::changeEvent(event);
 }
 
-void ActionList::recomputeColumns()
+void ActionList::takeRow(const QStringList &columns)
 {
     // Column c starts a gap after the widest text any row has in column c - 1.
+    if (m_widest.size() < columns.size())
+        m_widest.resize(columns.size());
+    for (int c = 0; c < columns.size(); ++c)
+        m_widest[c] = std::max(m_widest[c], textWidth(columns[c]));
+    m_columnStarts.fill(0, m_widest.size());
+    for (int c = 1; c < m_widest.size(); ++c)
+        m_columnStarts[c] = m_columnStarts[c - 1] + m_widest[c - 1] + kColumnGap;
+}
+
+int ActionList::widestRow() const
+{
+    return m_widest.isEmpty() ? 0 : m_columnStarts.last() + m_widest.last();
+}
+
+void ActionList::refit()
+{
     // The rows take the design's font, or a smaller one where a wider
     // stand-in font would push the longest row past the scroll bar.
     const int room = width() - 2 * frameWidth() - style()->pixelMetric(QStyle::PM_ScrollBarExtent) - 2 * kTextMargin;
-    QFont fitted = m_designFont;
-    for (;;) {
-        const QFontMetrics metrics(fitted);
-        QVector<int> widest;
-        int widestRow = 0;
-        for (int r = 0; r < count(); ++r) {
-            const QStringList columns = rowColumns(item(r)->text());
-            if (widest.size() < columns.size())
-                widest.resize(columns.size());
-            for (int c = 0; c < columns.size(); ++c)
-                widest[c] = std::max(widest[c], metrics.horizontalAdvance(columns[c]));
-        }
-        m_columnStarts.fill(0, widest.size());
-        for (int c = 1; c < widest.size(); ++c)
-            m_columnStarts[c] = m_columnStarts[c - 1] + widest[c - 1] + kColumnGap;
-        if (!widest.isEmpty())
-            widestRow = m_columnStarts.last() + widest.last();
-        if (widestRow <= room || fitted.pointSizeF() <= 6)
-            break;
-        fitted.setPointSizeF(fitted.pointSizeF() - 0.25);
+    while (widestRow() > room && font().pointSizeF() > kSmallestPoints) {
+        // Text grows nearly in step with its font: one guess at the size,
+        // then a quarter point at a time should the guess still be too wide.
+        const double now = font().pointSizeF();
+        const double guess = std::floor(now * room / widestRow() * 4) / 4;
+        QFont smaller = font();
+        smaller.setPointSizeF(std::clamp(guess, kSmallestPoints, now - 0.25));
+        useFont(smaller);
+        for (int r = 0; r < count(); ++r)
+            takeRow(rowColumns(item(r)->text()));
     }
-    if (fitted != font()) {
-        m_fitting = true;
-        setFont(fitted);
-        m_fitting = false;
-    }
-    viewport()->update();
+}
+
+void ActionList::useFont(const QFont &font)
+{
+    m_widest.clear();
+    m_columnStarts.clear();
+    if (font == this->font())
+        return;
+    m_fitting = true;
+    setFont(font);
+    m_fitting = false;
 }
 
 } // namespace amorra

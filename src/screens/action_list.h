@@ -1,7 +1,11 @@
 #pragma once
 
+#include <QHash>
 #include <QListWidget>
+#include <QStaticText>
 #include <QVector>
+
+#include <utility>
 
 namespace amorra {
 
@@ -22,6 +26,9 @@ public:
     QString rowText(int row) const;
     // Where each column starts, in pixels from the row's text origin.
     const QVector<int> &columnStarts() const { return m_columnStarts; }
+    // A column's text as the rows draw it, measured and laid out once.
+    int textWidth(const QString &text) const;
+    const QStaticText &shapedText(const QString &text) const;
     void setPressedLook(bool pressed);
 
 Q_SIGNALS:
@@ -35,10 +42,21 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    void recomputeColumns();
+    // Widens the columns for one more row.
+    void takeRow(const QStringList &columns);
+    int widestRow() const;
+    // A smaller font for all rows when the widest no longer fits.
+    void refit();
+    void useFont(const QFont &font);
 
     QVector<int> m_columnStarts;
+    QVector<int> m_widest; // per column, in the font the rows now use
     QFont m_designFont;
+    // The lists are filled again and again with the same few texts: each is
+    // shaped once per font size rather than at every fill, layout and paint.
+    using SizedText = std::pair<int, QString>; // quarter points, text
+    mutable QHash<SizedText, int> m_widths;
+    mutable QHash<SizedText, QStaticText> m_shaped;
     bool m_filling = false;
     bool m_fitting = false;
 };

@@ -18,10 +18,15 @@
 #include <QMenuBar>
 #include <QPaintEvent>
 #include <QPointer>
+#include <QScreen>
 #include <QSocketNotifier>
 #include <QTimer>
 #include <QWidget>
 #include <QtTest/QTest>
+
+#if __has_include(<valgrind/callgrind.h>)
+#include <valgrind/callgrind.h>
+#endif
 
 #include <sys/random.h>
 #include <unistd.h>
@@ -249,8 +254,17 @@ private:
         if (where.x() < 0)
             where = target->rect().center();
         ++m_clicks;
+        // Where the memory is before each click, for a closer look at what each window costs.
+        if (const char *dir = std::getenv("AMORRA_PROBE_SMAPS_EACH")) {
+            std::ifstream in("/proc/self/smaps");
+            std::ofstream(std::string(dir) + "/" + std::to_string(m_clicks) + "-" + kind + ".smaps") << in.rdbuf();
+        }
         if (std::getenv("AMORRA_PROBE_TRACE"))
             std::fprintf(stderr, "click %s\n", kind.c_str());
+#ifdef CALLGRIND_DUMP_STATS_AT
+        // Under callgrind, one profile per click: what it cost until the next.
+        CALLGRIND_DUMP_STATS_AT((std::to_string(m_clicks) + " " + kind).c_str());
+#endif
         m_animations = animationRects();
         m_timing = true;
         m_pressNs = 0;
@@ -277,6 +291,16 @@ private:
                 break;
         }
         m_timing = false;
+        // What the player sees after this click, for a look at it: $AMORRA_PROBE_SHOTS=DIR.
+        if (const char *shots = std::getenv("AMORRA_PROBE_SHOTS")) {
+            QRect windows;
+            for (QWidget *top : QApplication::topLevelWidgets())
+                if (top->isVisible())
+                    windows |= top->frameGeometry();
+            QGuiApplication::primaryScreen()
+                ->grabWindow(0, windows.x(), windows.y(), windows.width(), windows.height())
+                .save(QString::fromLocal8Bit(shots) + QStringLiteral("/%1-%2.png").arg(m_clicks).arg(QString::fromStdString(kind)));
+        }
         const bool painted = m_pressNs > 0 && m_lastPaintNs >= m_pressNs;
         const std::string us = painted ? std::to_string(double(m_lastPaintNs - m_pressNs) / 1000.0) : "none";
         m_lines.push_back("click_us=" + kind + ":" + us);
