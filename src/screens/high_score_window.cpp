@@ -4,6 +4,7 @@
 #include "win_screen.h"
 
 #include <QHeaderView>
+#include <QPainter>
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>
@@ -20,9 +21,33 @@ QString qt(const std::string &s)
     return QString::fromStdString(s);
 }
 
+// The table's headings: flat darker lavender, each cell closed by a dark
+// line on its right and below, on every desktop.
+class FlatHeader : public QHeaderView
+{
+public:
+    using QHeaderView::QHeaderView;
+
+protected:
+    void paintSection(QPainter *painter, const QRect &rect, int section) const override
+    {
+        if (!rect.isValid())
+            return;
+        painter->save();
+        painter->fillRect(rect, QColor(128, 128, 255));
+        painter->setPen(QColor(0, 0, 64));
+        painter->drawLine(rect.topRight(), rect.bottomRight());
+        painter->drawLine(rect.bottomLeft(), rect.bottomRight());
+        painter->drawText(rect.adjusted(2, 0, -3, -1), Qt::AlignCenter | Qt::TextSingleLine,
+                          model()->headerData(section, orientation()).toString());
+        painter->restore();
+    }
+};
+
 QTableWidget *makeGrid(QWidget *parent, const HighScoreScreenData &data)
 {
     auto *grid = new QTableWidget(kShownScores, 5, parent);
+    grid->setHorizontalHeader(new FlatHeader(Qt::Horizontal, grid));
     nameControl(grid, QStringLiteral("Score_list"), QStringLiteral("Top 20 table"));
     grid->setFont(sansSerifFont(8.25));
     grid->setGeometry(twipsRect(0, 0, 7380, 5130));
@@ -36,10 +61,8 @@ QTableWidget *makeGrid(QWidget *parent, const HighScoreScreenData &data)
     grid->verticalHeader()->hide(); // the rank is a column of its own
     grid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    grid->setStyleSheet(QStringLiteral(
-        "QTableWidget { color: rgb(0,0,0); background-color: rgb(192,192,255); gridline-color: rgb(128,128,255); }"
-        "QHeaderView::section { background-color: rgb(128,128,255); color: rgb(0,0,64);"
-        " border: 0px; border-right: 1px solid rgb(0,0,64); border-bottom: 1px solid rgb(0,0,64); }"));
+    setColours(grid, Qt::black, QColor(192, 192, 255));
+    grid->setProperty("gridLineColor", QColor(128, 128, 255));
 
     QHeaderView *header = grid->horizontalHeader();
     header->setSectionsClickable(false);

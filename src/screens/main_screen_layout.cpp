@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPainter>
 #include <QTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -19,20 +20,41 @@ namespace amorra {
 
 namespace {
 
-QLabel *filledLabel(QWidget *parent, const QRect &shape, const QRect &label, const QFont &font, const QString &sheet)
+QLabel *filledLabel(QWidget *parent, const QRect &shape, const QRect &labelBox, const QFont &font, const QColor &text,
+                    const QColor &background)
 {
     auto *backdrop = new QFrame(parent);
     backdrop->setGeometry(shape);
-    backdrop->setStyleSheet(sheet);
-    backdrop->setAttribute(Qt::WA_StyledBackground);
-    auto *text = new QLabel(parent);
-    text->setGeometry(label);
-    text->setFont(font);
-    text->setAlignment(Qt::AlignCenter);
-    text->setTextFormat(Qt::PlainText);
-    text->setStyleSheet(sheet);
-    return text;
+    setColours(backdrop, text, background);
+    auto *label = new QLabel(parent);
+    label->setGeometry(labelBox);
+    label->setFont(font);
+    label->setAlignment(Qt::AlignCenter);
+    label->setTextFormat(Qt::PlainText);
+    setColours(label, text, background);
+    return label;
 }
+
+// The action button: flat lavender in a thin frame, darker while pressed and
+// framed thicker while it has the keyboard, the same on every desktop.
+class FlatButton : public QPushButton
+{
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const qreal frame = hasFocus() ? 2 : 1;
+        painter.setPen(QPen(hasFocus() ? QColor(0, 0, 128) : QColor(96, 96, 128), frame));
+        painter.setBrush(isDown() ? QColor(160, 160, 240) : QColor(192, 192, 255));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(frame / 2, frame / 2, -frame / 2, -frame / 2), 3, 3);
+        painter.setPen(Qt::black);
+        painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
+    }
+};
 
 QProgressBar *ratingBar(QWidget *parent, const QString &name, const QString &role, int top)
 {
@@ -120,11 +142,11 @@ void MainScreen::buildScreen()
     dayFont.setBold(true);
     // Labels that tell a value are read by their text, "Day 5", not a fixed name.
     m_day = filledLabel(screen, twipsRect(1560, 120, 3615, 975), twipsRect(1680, 240, 3375, 735), dayFont,
-                        colourSheet("QWidget", 64, 64, 64, 192, 192, 255));
+                        QColor(64, 64, 64), QColor(192, 192, 255));
     nameControl(m_day, QStringLiteral("days_lbl"), QString(), QStringLiteral("Total number of days"));
 
     m_money = filledLabel(screen, twipsRect(1560, 1080, 3615, 735), twipsRect(1680, 1200, 3375, 375),
-                          arialFont(14.25), colourSheet("QWidget", 0, 0, 0, 192, 255, 192));
+                          arialFont(14.25), Qt::black, QColor(192, 255, 192));
     nameControl(m_money, QStringLiteral("money_lbl"), QString(), QStringLiteral("Amount of money you have"));
 
     m_face = new QLabel(screen);
@@ -141,7 +163,7 @@ void MainScreen::buildScreen()
     m_talk->setGeometry(twipsRect(1560, 1920, 5295, 855));
     m_talk->setReadOnly(true);
     m_talk->setFont(arialFont(9, true));
-    m_talk->setStyleSheet(colourSheet("QTextEdit", 0, 0, 0, 255, 255, 255));
+    setColours(m_talk, Qt::black, Qt::white);
     m_talk->setAcceptRichText(false);
     // Her three-line greeting fits without a scroll bar.
     m_talk->document()->setDocumentMargin(2);
@@ -162,16 +184,11 @@ void MainScreen::buildScreen()
             Q_EMIT listRowChosen();
     });
 
-    m_ok = new QPushButton(QStringLiteral("GO"), m_listFrame);
+    m_ok = new FlatButton(QStringLiteral("GO"), m_listFrame);
     nameControl(m_ok, QStringLiteral("cmd_ok"), QStringLiteral("GO"));
     m_ok->setGeometry(twipsRect(4320, 2520, 855, 375));
     m_ok->setFont(arialFont(8.25, true));
     m_ok->setAutoDefault(true);
-    m_ok->setStyleSheet(QStringLiteral(
-        "QPushButton { color: rgb(0,0,0); background-color: rgb(192,192,255); border: 1px solid rgb(96,96,128);"
-        " border-radius: 3px; }"
-        "QPushButton:pressed { background-color: rgb(160,160,240); }"
-        "QPushButton:focus { border: 2px solid rgb(0,0,128); }"));
     connect(m_ok, &QPushButton::clicked, this, [this] {
         Q_EMIT actionClicked();
         // The button hides itself: the keyboard goes back to the list, so
@@ -211,7 +228,9 @@ void MainScreen::buildScreen()
     m_spent->setObjectName(QStringLiteral("moneyspent_lbl"));
     m_spent->setTextFormat(Qt::PlainText);
     m_spent->setFont(arialFont(15.75, true));
-    m_spent->setStyleSheet(QStringLiteral("color: rgb(0,128,0);"));
+    QPalette green = m_spent->palette();
+    green.setColor(QPalette::WindowText, QColor(0, 128, 0));
+    m_spent->setPalette(green);
     m_spent->setGeometry(twipsRect(120, 600, 2175, 375));
 
     m_looks = ratingBar(bottom, QStringLiteral("looksSTAT"), QStringLiteral("Looks rating"), 240);

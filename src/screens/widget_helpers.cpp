@@ -13,6 +13,7 @@
 #include <QImageReader>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPalette>
 #include <QVariant>
 #include <QWidget>
 
@@ -188,16 +189,15 @@ QFont sansSerifFont(double pointSize, bool bold)
     return font;
 }
 
-QString colourSheet(const char *widgetClass, int fr, int fg, int fb, int br, int bg, int bb)
+void setColours(QWidget *w, const QColor &text, const QColor &background)
 {
-    return QStringLiteral("%1 { color: rgb(%2,%3,%4); background-color: rgb(%5,%6,%7); }")
-        .arg(QLatin1String(widgetClass))
-        .arg(fr)
-        .arg(fg)
-        .arg(fb)
-        .arg(br)
-        .arg(bg)
-        .arg(bb);
+    QPalette colours = w->palette();
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        colours.setColor(role, text);
+    colours.setColor(QPalette::Window, background);
+    colours.setColor(QPalette::Base, background);
+    w->setPalette(colours);
+    w->setAutoFillBackground(true);
 }
 
 } // namespace amorra

@@ -5,6 +5,7 @@
 #include <QString>
 
 class QAbstractButton;
+class QColor;
 class QFont;
 class QLabel;
 class QWidget;
@@ -69,7 +70,8 @@ void fitTexts(QWidget *window);
 // Sets a label's text in its first font, or smaller when the text needs it.
 void setFittedText(QLabel *label, const QString &text);
 
-// A plain colour style sheet for one widget class, e.g. ("QLabel", 64,64,64, 192,192,255).
-QString colourSheet(const char *widgetClass, int fr, int fg, int fb, int br, int bg, int bb);
+// The game's own text colour on its own background, whatever the desktop's
+// palette: for labels and frames (window colours) and text boxes (base colours).
+void setColours(QWidget *w, const QColor &text, const QColor &background);
 
 } // namespace amorra

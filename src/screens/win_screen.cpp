@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QPushButton>
 
 namespace amorra {
@@ -13,9 +15,13 @@ namespace amorra {
 namespace {
 
 QLabel *centredLabel(QWidget *parent, const QString &text, const QString &objectName, const QFont &font, int top,
-                     int height)
+                     int height, const QColor &colour = Qt::black)
 {
     auto *label = new QLabel(text, parent);
+    // The pink window is the game's, so are its texts' dark colours.
+    QPalette ink = label->palette();
+    ink.setColor(QPalette::WindowText, colour);
+    label->setPalette(ink);
     label->setTextFormat(Qt::PlainText);
     label->setAlignment(Qt::AlignCenter);
     label->setFont(font);
@@ -43,13 +49,8 @@ WinScreen::WinScreen(const QString &playerName, const QString &moneyText, const 
     setObjectName(QStringLiteral("Form3"));
     setAccessibleName(gameTitle());
     setFixedSize(400, 318);
-    // A pink window of the game's: its texts are the game's dark colours.
-    setStyleSheet(QStringLiteral("#Form3 { background-color: rgb(255,228,240); } QLabel { color: rgb(0,0,0); }"));
-    setAttribute(Qt::WA_StyledBackground);
-
-    QLabel *headline = centredLabel(this, QStringLiteral("Well done! Looks like you landed a SWEELA!!!"),
-                                    QStringLiteral("Label1"), arialFont(12, true), 8, 24);
-    headline->setStyleSheet(QStringLiteral("color: rgb(128,0,64);"));
+    centredLabel(this, QStringLiteral("Well done! Looks like you landed a SWEELA!!!"), QStringLiteral("Label1"),
+                 arialFont(12, true), 8, 24, QColor(128, 0, 64));
 
     makeAnimation(this, assetDir, QStringLiteral("hearts.gif"), QStringLiteral("Gif89a2"), QRect(30, 76, 48, 48));
     makeAnimation(this, assetDir, QStringLiteral("couple_kiss.gif"), QStringLiteral("Gif89a1"),
@@ -58,9 +59,8 @@ WinScreen::WinScreen(const QString &playerName, const QString &moneyText, const 
 
     QFont words = arialFont(11, true);
     words.setItalic(true);
-    QLabel *love = centredLabel(this, QStringLiteral("OHH ... ") + playerName + QStringLiteral(" I Love you!!!"),
-                                QStringLiteral("Label2"), words, 168, 24);
-    love->setStyleSheet(QStringLiteral("color: rgb(192,0,0);"));
+    centredLabel(this, QStringLiteral("OHH ... ") + playerName + QStringLiteral(" I Love you!!!"),
+                 QStringLiteral("Label2"), words, 168, 24, QColor(192, 0, 0));
 
     centredLabel(this, scoreText, QStringLiteral("score_lbl"), arialFont(10, true), 198, 20);
     centredLabel(this, daysText, QStringLiteral("days_lbl"), arialFont(10, true), 220, 20);
@@ -69,6 +69,12 @@ WinScreen::WinScreen(const QString &playerName, const QString &moneyText, const 
     QPushButton *ok = makeButton(QStringLiteral("OK"), QStringLiteral("Command1"), Ok);
     ok->setGeometry((width() - 65) / 2, 278, 65, 25);
     ok->setFocus();
+}
+
+void WinScreen::paintEvent(QPaintEvent *event)
+{
+    // The window is pink; its button keeps the desktop's colours.
+    QPainter(this).fillRect(event->rect(), QColor(255, 228, 240));
 }
 
 } // namespace amorra

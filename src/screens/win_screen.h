@@ -13,6 +13,9 @@ class WinScreen : public OkWindow
 public:
     WinScreen(const QString &playerName, const QString &moneyText, const QString &daysText, const QString &scoreText,
               const QString &assetDir, QWidget *parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
 };
 
 // An animated picture from the game's folder, playing; an empty box when
