@@ -11,7 +11,6 @@
 #include "screens/widget_helpers.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QStringList>
 
 #include <cstdio>
@@ -111,13 +110,6 @@ int main(int argc, char *argv[])
     QApplication::setQuitOnLastWindowClosed(false);
 
     const QString assets = QString::fromStdString(assetDir);
-    // Our own pictures rather than the icon theme's SVG: reading SVG would
-    // load the SVG module and the image plugins before the first window.
-    QIcon icon;
-    for (const int size : {16, 32, 48, 64})
-        icon.addPixmap(amorra::loadPicture(assets, QStringLiteral("icons/amorra-%1.png").arg(size)));
-    QApplication::setWindowIcon(icon);
-
     amorra::SystemRandom random;
     amorra::AlsaSoundPlayer sound;
     amorra::QtDesktop desktop(soundNames);

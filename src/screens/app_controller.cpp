@@ -5,10 +5,12 @@
 #include "setup_screen.h"
 #include "sound_player.h"
 #include "tutorial_window.h"
+#include "widget_helpers.h"
 
 #include "core/data_files.h"
 #include "core/game_flow.h"
 
+#include <QApplication>
 #include <QBackingStore>
 #include <QDir>
 #include <QEvent>
@@ -48,7 +50,13 @@ AppController::AppController(RandomSource &random, SoundPlayer &sound, Desktop &
 {
     m_prepareTimer.setSingleShot(true);
     m_prepareTimer.setInterval(kAfterFirstPaintMs);
-    connect(&m_prepareTimer, &QTimer::timeout, this, &AppController::prepareAhead);
+    connect(&m_prepareTimer, &QTimer::timeout, this, [this] {
+        // The window manager takes the icon whenever it comes: its four
+        // pictures need not hold up the first window.
+        if (QApplication::windowIcon().isNull())
+            QApplication::setWindowIcon(gameIcon(m_assetDir));
+        prepareAhead();
+    });
     m_rememberTimer.setSingleShot(true);
     m_rememberTimer.setInterval(kAfterFirstPaintMs);
     connect(&m_rememberTimer, &QTimer::timeout, this, [this] { rememberName(true); });

@@ -135,11 +135,10 @@ void MainScreen::buildScreen()
     for (QToolButton *button : m_modeButtons)
         button->setFont(captions);
 
-    QFont dayFont;
-    dayFont.setFamilies({QStringLiteral("Arial Black"), QStringLiteral("Arial"), QStringLiteral("Liberation Sans"),
-                         QStringLiteral("Nimbus Sans"), QStringLiteral("DejaVu Sans")});
-    dayFont.setPointSizeF(24);
-    dayFont.setBold(true);
+    const QFont dayFont = designFont({QStringLiteral("Arial Black"), QStringLiteral("Arial"),
+                                      QStringLiteral("Liberation Sans"), QStringLiteral("Nimbus Sans"),
+                                      QStringLiteral("DejaVu Sans")},
+                                     24, true);
     // Labels that tell a value are read by their text, "Day 5", not a fixed name.
     m_day = filledLabel(screen, twipsRect(1560, 120, 3615, 975), twipsRect(1680, 240, 3375, 735), dayFont,
                         QColor(64, 64, 64), QColor(192, 192, 255));

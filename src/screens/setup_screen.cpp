@@ -22,7 +22,7 @@ SetupScreen::SetupScreen(const QString &lastName, const QString &assetDir, QWidg
     keepWindowSize(this);
     setFixedSize(480, 424);
     // The design's font, so that a larger desktop font cannot push text out of its box.
-    setFont(sansSerifFont(8.25));
+    setFont(sansSerifFont(9));
 
     auto *banner = new QLabel(this);
     nameControl(banner, QStringLiteral("Image1"), QStringLiteral("Amorra"));
@@ -59,7 +59,7 @@ SetupScreen::SetupScreen(const QString &lastName, const QString &assetDir, QWidg
         this);
     advice->setObjectName(QStringLiteral("Label4")); // read by its text
     advice->setWordWrap(true);
-    advice->setFont(arialFont(8.25, true));
+    advice->setFont(arialFont(9, true));
     advice->setGeometry(8, 328, 464, 48);
 
     m_points = new QLabel(QString::fromStdString(initialPointsLabel()), this);

@@ -8,8 +8,10 @@
 #include <QEvent>
 #include <QFileInfo>
 #include <QFont>
+#include <QFontDatabase>
 #include <QFontMetrics>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QImageReader>
 #include <QKeyEvent>
 #include <QLabel>
@@ -17,9 +19,14 @@
 #include <QVariant>
 #include <QWidget>
 
+#include <algorithm>
+#include <cmath>
+
 namespace amorra {
 
 namespace {
+
+constexpr double kSmallestPoints = 4;
 
 class EnterClicks : public QObject
 {
@@ -94,8 +101,16 @@ void keepWindowSize(QWidget *window)
 QFont fittedFont(const QFont &font, const QString &text, int width)
 {
     QFont fitted = font;
-    while (fitted.pointSizeF() > 4 && QFontMetrics(fitted).horizontalAdvance(text) > width)
-        fitted.setPointSizeF(qMax(4.0, fitted.pointSizeF() - 0.25));
+    int advance = QFontMetrics(fitted).horizontalAdvance(text);
+    while (advance > width && fitted.pointSizeF() > kSmallestPoints) {
+        // Text widens nearly in step with its font: one guess at the size,
+        // then a quarter point at a time should the guess still be too wide.
+        // Each size tried costs a font of its own, kept for the whole run.
+        const double now = fitted.pointSizeF();
+        const double guess = std::floor(now * width / advance * 4) / 4;
+        fitted.setPointSizeF(std::clamp(guess, kSmallestPoints, now - 0.25));
+        advance = QFontMetrics(fitted).horizontalAdvance(text);
+    }
     return fitted;
 }
 
@@ -169,24 +184,41 @@ QPixmap loadPicture(const QString &assetDir, const QString &name)
     return QPixmap::fromImage(read(name));
 }
 
-QFont arialFont(double pointSize, bool bold)
+QIcon gameIcon(const QString &assetDir)
 {
+    QIcon icon;
+    for (const int size : {16, 32, 48, 64})
+        icon.addPixmap(loadPicture(assetDir, QStringLiteral("icons/amorra-%1.png").arg(size)));
+    return icon;
+}
+
+QFont designFont(const QStringList &families, double pointSize, bool bold)
+{
+    // Only the first of the families the desktop has: Qt then finds it at
+    // once, where for each missing family it would ask fontconfig for
+    // stand-ins (a millisecond or so per font at start-up).
+    static const QStringList installed = QFontDatabase::families();
     QFont font;
-    font.setFamilies({QStringLiteral("Arial"), QStringLiteral("Liberation Sans"), QStringLiteral("Nimbus Sans"),
-                      QStringLiteral("Helvetica"), QStringLiteral("DejaVu Sans")});
+    const auto have = std::find_if(families.begin(), families.end(),
+                                   [](const QString &f) { return installed.contains(f, Qt::CaseInsensitive); });
+    font.setFamilies(have == families.end() ? families : QStringList{*have});
     font.setPointSizeF(pointSize);
     font.setBold(bold);
     return font;
 }
 
+QFont arialFont(double pointSize, bool bold)
+{
+    return designFont({QStringLiteral("Arial"), QStringLiteral("Liberation Sans"), QStringLiteral("Nimbus Sans"),
+                       QStringLiteral("Helvetica"), QStringLiteral("DejaVu Sans")},
+                      pointSize, bold);
+}
+
 QFont sansSerifFont(double pointSize, bool bold)
 {
-    QFont font;
-    font.setFamilies({QStringLiteral("MS Sans Serif"), QStringLiteral("Microsoft Sans Serif"), QStringLiteral("Arial"),
-                      QStringLiteral("Liberation Sans"), QStringLiteral("Nimbus Sans"), QStringLiteral("DejaVu Sans")});
-    font.setPointSizeF(pointSize);
-    font.setBold(bold);
-    return font;
+    return designFont({QStringLiteral("MS Sans Serif"), QStringLiteral("Microsoft Sans Serif"), QStringLiteral("Arial"),
+                       QStringLiteral("Liberation Sans"), QStringLiteral("Nimbus Sans"), QStringLiteral("DejaVu Sans")},
+                      pointSize, bold);
 }
 
 void setColours(QWidget *w, const QColor &text, const QColor &background)

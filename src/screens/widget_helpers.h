@@ -3,10 +3,12 @@
 #include <QPixmap>
 #include <QRect>
 #include <QString>
+#include <QStringList>
 
 class QAbstractButton;
 class QColor;
 class QFont;
+class QIcon;
 class QLabel;
 class QWidget;
 
@@ -43,7 +45,13 @@ void clickOnEnter(QAbstractButton *button);
 // device pixels to a pixel, its twice as large pictures/NAME@2x.png if any.
 QPixmap loadPicture(const QString &assetDir, const QString &name);
 
-// Fonts of the original design with sensible stand-ins on other systems.
+// The game's icon in the sizes window managers use, from our own pictures
+// rather than the icon theme's SVG: reading SVG would load Qt's SVG module.
+QIcon gameIcon(const QString &assetDir);
+
+// Fonts of the original design with sensible stand-ins on other systems:
+// the first of `families` that is installed.
+QFont designFont(const QStringList &families, double pointSize, bool bold = false);
 QFont arialFont(double pointSize, bool bold = false);
 QFont sansSerifFont(double pointSize, bool bold = false);
 

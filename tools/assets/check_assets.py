@@ -124,7 +124,7 @@ OPAQUE = {"face_default", "notice_cat", "notice_found", "notice_fine", "about_ma
 
 
 def check_picture(path, rows):
-    name = os.path.basename(path).rsplit(".", 1)[0]
+    name = os.path.basename(path).rsplit(".", 1)[0].removesuffix("@2x")
     opaque = name.startswith("girl") or name in OPAQUE
     corner = rows[-1][0][3]
     if corner != (255 if opaque else 0):

@@ -64,13 +64,17 @@ pictures() {
         png "$work/girl$i@2x-flat.png" "$out/pictures/girl$i@2x.png"
     done
 
-    # the still pictures
+    # the still pictures; the setup screen's are stored uncompressed, as
+    # they are read on the way to the game's first window
     python3 "$here/art/pictures.py" "$work/stills"
     while read -r name w h; do
         rsvg-convert -w "$w" -h "$h" "$work/stills/$name.svg" -o "$work/$name.png"
         png "$work/$name.png" "$out/pictures/$name.png"
         rsvg-convert -w "$((w * 2))" -h "$((h * 2))" "$work/stills/$name.svg" -o "$work/$name@2x.png"
         png "$work/$name@2x.png" "$out/pictures/$name@2x.png"
+        case $name in
+            setup_*) python3 "$here/store_png.py" "$out/pictures/$name.png" "$out/pictures/$name@2x.png" ;;
+        esac
     done < "$work/stills/stills.txt"
 
     # the application icon: the SVG itself and the usual hicolor sizes

@@ -291,16 +291,7 @@ private:
                 break;
         }
         m_timing = false;
-        // What the player sees after this click, for a look at it: $AMORRA_PROBE_SHOTS=DIR.
-        if (const char *shots = std::getenv("AMORRA_PROBE_SHOTS")) {
-            QRect windows;
-            for (QWidget *top : QApplication::topLevelWidgets())
-                if (top->isVisible())
-                    windows |= top->frameGeometry();
-            QGuiApplication::primaryScreen()
-                ->grabWindow(0, windows.x(), windows.y(), windows.width(), windows.height())
-                .save(QString::fromLocal8Bit(shots) + QStringLiteral("/%1-%2.png").arg(m_clicks).arg(QString::fromStdString(kind)));
-        }
+        shoot(std::to_string(m_clicks) + "-" + kind);
         const bool painted = m_pressNs > 0 && m_lastPaintNs >= m_pressNs;
         const std::string us = painted ? std::to_string(double(m_lastPaintNs - m_pressNs) / 1000.0) : "none";
         m_lines.push_back("click_us=" + kind + ":" + us);
@@ -314,6 +305,21 @@ private:
         } else {
             again();
         }
+    }
+
+    // What the player sees now, for a look at it: $AMORRA_PROBE_SHOTS=DIR.
+    static void shoot(const std::string &name)
+    {
+        const char *shots = std::getenv("AMORRA_PROBE_SHOTS");
+        if (!shots)
+            return;
+        QRect windows;
+        for (QWidget *top : QApplication::topLevelWidgets())
+            if (top->isVisible())
+                windows |= top->frameGeometry();
+        QGuiApplication::primaryScreen()
+            ->grabWindow(0, windows.x(), windows.y(), windows.width(), windows.height())
+            .save(QString::fromLocal8Bit(shots) + QLatin1Char('/') + QString::fromStdString(name) + QStringLiteral(".png"));
     }
 
     // Asks the driver to watch this program idle in `what` for a while.
@@ -399,6 +405,7 @@ private:
             }
             if (name && start) {
                 m_readSetup = false;
+                shoot("0-setup");
                 name->setText(QStringLiteral("Bench"));
                 timedClick("start", start);
                 return;
