@@ -112,14 +112,14 @@ set(CPACK_DEBIAN_PACKAGE_SECTION games)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE https://amorra.github.io/)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-# dpkg-shlibdeps names the libraries the game links (Qt, ALSA), with the versions it
-# was built against. Added here is what is loaded at run time instead: the
-# platform plugins (xcb itself ships in libqt6gui6); the ALSA plugin that
+# dpkg-shlibdeps names the libraries the game links (Qt), with the versions it
+# was built against. Added here is what is loaded at run time instead: ALSA
+# (at the first sound); the platform plugins (xcb itself ships in libqt6gui6); the ALSA plugin that
 # takes the sound effects to the desktop's sound server (PipeWire's on
 # GNOME, PulseAudio's from libasound2-plugins on a PulseAudio desktop such
 # as KDE, where it is already installed with PulseAudio); xdg-open for the
 # help pages; native Wayland windows.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libasound2 (>= 1.0.16), qt6-qpa-plugins")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pipewire-alsa | libasound2-plugins, xdg-utils, qt6-wayland")
 include(CPack)

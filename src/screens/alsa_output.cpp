@@ -1,11 +1,11 @@
 #include "alsa_output.h"
 
 #include <alsa/asoundlib.h>
+#include <dlfcn.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
-#include <mutex>
 #include <utility>
 
 namespace amorra {
@@ -24,10 +24,51 @@ constexpr int kMostAttempts = 3;
 // print them at every click. Sound is never essential, so we stay quiet.
 void quiet(const char *, int, const char *, int, const char *, ...) {}
 
-void silenceAlsaMessages()
+// libasound, loaded when the first sound plays rather than with the
+// program: loading and binding its thousand-odd symbols cost every start
+// about a millisecond before the first window.
+struct Alsa
 {
-    static std::once_flag once;
-    std::call_once(once, [] { snd_lib_error_set_handler(quiet); });
+    decltype(&snd_pcm_open) open = nullptr;
+    decltype(&snd_pcm_set_params) setParams = nullptr;
+    decltype(&snd_pcm_writei) writei = nullptr;
+    decltype(&snd_pcm_wait) wait = nullptr;
+    decltype(&snd_pcm_recover) recover = nullptr;
+    decltype(&snd_pcm_state) state = nullptr;
+    decltype(&snd_pcm_delay) delay = nullptr;
+    decltype(&snd_pcm_start) start = nullptr;
+    decltype(&snd_pcm_drop) drop = nullptr;
+    decltype(&snd_pcm_prepare) prepare = nullptr;
+    decltype(&snd_pcm_close) close = nullptr;
+    bool loaded = false;
+};
+
+template <typename F>
+bool resolve(void *library, const char *name, F &function)
+{
+    function = reinterpret_cast<F>(dlsym(library, name));
+    return function != nullptr;
+}
+
+// Without the library the game plays silently, as without a device.
+const Alsa &alsa()
+{
+    static const Alsa lib = [] {
+        Alsa a;
+        void *library = dlopen("libasound.so.2", RTLD_NOW | RTLD_LOCAL);
+        decltype(&snd_lib_error_set_handler) setErrorHandler = nullptr;
+        if (!library || !resolve(library, "snd_lib_error_set_handler", setErrorHandler))
+            return a;
+        setErrorHandler(quiet);
+        a.loaded = resolve(library, "snd_pcm_open", a.open) && resolve(library, "snd_pcm_set_params", a.setParams)
+                   && resolve(library, "snd_pcm_writei", a.writei) && resolve(library, "snd_pcm_wait", a.wait)
+                   && resolve(library, "snd_pcm_recover", a.recover) && resolve(library, "snd_pcm_state", a.state)
+                   && resolve(library, "snd_pcm_delay", a.delay) && resolve(library, "snd_pcm_start", a.start)
+                   && resolve(library, "snd_pcm_drop", a.drop) && resolve(library, "snd_pcm_prepare", a.prepare)
+                   && resolve(library, "snd_pcm_close", a.close);
+        return a;
+    }();
+    return lib;
 }
 
 snd_pcm_format_t alsaFormat(int bytesPerSample)
@@ -65,8 +106,6 @@ std::vector<std::string> nameSoundStreams()
 AlsaOutput::AlsaOutput(std::string device)
     : m_device(std::move(device))
 {
-    // Here, before the sound thread starts, so that thread sees it set.
-    silenceAlsaMessages();
 }
 
 AlsaOutput::~AlsaOutput()
@@ -77,15 +116,15 @@ AlsaOutput::~AlsaOutput()
 bool AlsaOutput::open(const PcmFormat &format)
 {
     close();
-    const snd_pcm_format_t alsa = alsaFormat(format.bytesPerSample);
-    if (alsa == SND_PCM_FORMAT_UNKNOWN || format.channels <= 0 || format.rate <= 0)
+    const snd_pcm_format_t pcmFormat = alsaFormat(format.bytesPerSample);
+    if (pcmFormat == SND_PCM_FORMAT_UNKNOWN || format.channels <= 0 || format.rate <= 0 || !alsa().loaded)
         return false;
     // Non-blocking, so a busy device answers at once instead of holding us.
-    if (snd_pcm_open(&m_pcm, m_device.c_str(), SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK) < 0) {
+    if (alsa().open(&m_pcm, m_device.c_str(), SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK) < 0) {
         m_pcm = nullptr;
         return false;
     }
-    if (snd_pcm_set_params(m_pcm, alsa, SND_PCM_ACCESS_RW_INTERLEAVED, unsigned(format.channels),
+    if (alsa().setParams(m_pcm, pcmFormat, SND_PCM_ACCESS_RW_INTERLEAVED, unsigned(format.channels),
                            unsigned(format.rate), 1, kLatencyUs)
         < 0) {
         close();
@@ -99,20 +138,20 @@ long AlsaOutput::write(const char *frames, std::size_t count)
     if (!m_pcm)
         return -1;
     for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
-        const snd_pcm_sframes_t taken = snd_pcm_writei(m_pcm, frames, count);
+        const snd_pcm_sframes_t taken = alsa().writei(m_pcm, frames, count);
         if (taken >= 0)
             return long(taken);
         if (taken == -EAGAIN) {
             // The buffer is full: give the device a moment to play some.
-            const int ready = snd_pcm_wait(m_pcm, kRoomWaitMs);
+            const int ready = alsa().wait(m_pcm, kRoomWaitMs);
             if (ready == 0)
                 return 0;
-            if (ready < 0 && snd_pcm_recover(m_pcm, ready, 1) < 0)
+            if (ready < 0 && alsa().recover(m_pcm, ready, 1) < 0)
                 return -1;
             continue;
         }
         // Underrun or suspend: start again where we are.
-        if (snd_pcm_recover(m_pcm, int(taken), 1) < 0)
+        if (alsa().recover(m_pcm, int(taken), 1) < 0)
             return -1;
     }
     return 0;
@@ -124,17 +163,17 @@ long AlsaOutput::queued()
         return -1;
     // Ran dry: everything written has been heard. (PulseAudio's plugin says
     // so by its state while its delay still counts a few frames.)
-    if (snd_pcm_state(m_pcm) == SND_PCM_STATE_XRUN)
+    if (alsa().state(m_pcm) == SND_PCM_STATE_XRUN)
         return 0;
     snd_pcm_sframes_t delay = 0;
-    const int err = snd_pcm_delay(m_pcm, &delay);
+    const int err = alsa().delay(m_pcm, &delay);
     if (err == -EPIPE)
         return 0;
     if (err < 0)
         return -1;
     // The stream starts by itself once its buffer is full; a clip shorter
     // than that needs a push.
-    if (delay > 0 && snd_pcm_state(m_pcm) == SND_PCM_STATE_PREPARED && snd_pcm_start(m_pcm) < 0)
+    if (delay > 0 && alsa().state(m_pcm) == SND_PCM_STATE_PREPARED && alsa().start(m_pcm) < 0)
         return -1;
     return std::max<long>(long(delay), 0);
 }
@@ -143,15 +182,15 @@ void AlsaOutput::drop()
 {
     if (!m_pcm)
         return;
-    snd_pcm_drop(m_pcm);
+    alsa().drop(m_pcm);
     // Ready for the next clip's frames.
-    snd_pcm_prepare(m_pcm);
+    alsa().prepare(m_pcm);
 }
 
 void AlsaOutput::close()
 {
     if (m_pcm)
-        snd_pcm_close(m_pcm);
+        alsa().close(m_pcm);
     m_pcm = nullptr;
 }
 

@@ -21,7 +21,9 @@ SetupScreen::SetupScreen(const QString &lastName, const QString &assetDir, QWidg
     setAccessibleName(QStringLiteral("Player setup"));
     keepWindowSize(this);
     setFixedSize(480, 424);
-    // The design's font, so that a larger desktop font cannot push text out of its box.
+    // The design's font, so that a larger desktop font cannot push text out
+    // of its box; one face and size throughout, as each further one costs
+    // the first window a millisecond or more of loading and drawing glyphs.
     setFont(sansSerifFont(9));
 
     auto *banner = new QLabel(this);
@@ -59,18 +61,15 @@ SetupScreen::SetupScreen(const QString &lastName, const QString &assetDir, QWidg
         this);
     advice->setObjectName(QStringLiteral("Label4")); // read by its text
     advice->setWordWrap(true);
-    advice->setFont(arialFont(9, true));
     advice->setGeometry(8, 328, 464, 48);
 
     m_points = new QLabel(QString::fromStdString(initialPointsLabel()), this);
     // Read by its text, "Points Left :0".
     nameControl(m_points, QStringLiteral("points"), QString(), QStringLiteral("Points left for allocation"));
-    m_points->setFont(arialFont(9, true));
     m_points->setGeometry(8, 390, 200, 24);
 
     auto *start = new QPushButton(QStringLiteral(" START >"), this);
     nameControl(start, QStringLiteral("Command1"), QStringLiteral("START"));
-    start->setFont(arialFont(9, true));
     start->setAutoDefault(true);
     start->setGeometry(376, 386, 96, 30);
     connect(start, &QPushButton::clicked, this, &SetupScreen::startPressed);

@@ -98,8 +98,29 @@ void keepWindowSize(QWidget *window)
     window->installEventFilter(new KeepNormalState(window));
 }
 
+namespace {
+
+// Whether `text` surely fits without shaping it, which costs far more: the
+// sum of its characters' own widths, with room for what kerning may add.
+// Beyond Latin (joining, marks, pairs of surrogates) only shaping can tell.
+bool surelyFits(const QFont &font, const QString &text, int width)
+{
+    const QFontMetricsF metrics(font);
+    qreal sum = 0;
+    for (const QChar ch : text) {
+        if (ch.unicode() >= 0x0300)
+            return false;
+        sum += metrics.horizontalAdvance(ch);
+    }
+    return sum * 1.02 + 2 <= width;
+}
+
+} // namespace
+
 QFont fittedFont(const QFont &font, const QString &text, int width)
 {
+    if (surelyFits(font, text, width))
+        return font;
     QFont fitted = font;
     int advance = QFontMetrics(fitted).horizontalAdvance(text);
     while (advance > width && fitted.pointSizeF() > kSmallestPoints) {

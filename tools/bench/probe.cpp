@@ -60,6 +60,14 @@ long long monotonicNs()
     return static_cast<long long>(ts.tv_sec) * 1000000000LL + ts.tv_nsec;
 }
 
+// When the preloaded probe starts: every library is loaded and bound by then.
+long long g_loadedNs = 0;
+__attribute__((constructor)) void noteLoaded()
+{
+    g_loadedNs = monotonicNs();
+}
+
+
 // "VmHWM" (peak) or "VmRSS" (now) of this process, in kB.
 long statusKb(const char *key)
 {
@@ -160,6 +168,7 @@ public:
             auto *w = static_cast<QWidget *>(watched);
             if (!m_firstPaint) {
                 m_firstPaint = true;
+                m_firstPaintEventNs = monotonicNs();
                 // Runs once the paint and its flush to the screen are done.
                 QTimer::singleShot(0, this, [this] { firstPaintDone(); });
             }
@@ -211,6 +220,9 @@ private:
     void firstPaintDone()
     {
         m_lines.push_back("paint_ns=" + std::to_string(monotonicNs()));
+        m_lines.push_back("loaded_ns=" + std::to_string(g_loadedNs));
+        m_lines.push_back("app_ns=" + std::to_string(m_appNs));
+        m_lines.push_back("first_paint_event_ns=" + std::to_string(m_firstPaintEventNs));
         m_lines.push_back("paint_hwm_kb=" + std::to_string(statusKb("VmHWM")));
         if (!m_play) {
             finish();
@@ -512,6 +524,8 @@ private:
     std::string m_pluginsAtMain;
     std::vector<std::string> m_idled;
     bool m_firstPaint = false;
+    long long m_appNs = monotonicNs(); // the application object is being made
+    long long m_firstPaintEventNs = 0;
     bool m_timing = false, m_released = false;
     long long m_pressNs = 0, m_lastPaintNs = 0;
     std::vector<QRect> m_animations;
