@@ -1,6 +1,7 @@
 #include "app_style.h"
 
 #include <QGroupBox>
+#include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
@@ -11,29 +12,47 @@ namespace amorra {
 
 namespace {
 
-// A chevron pointing right (or down), as the menu bar's "more" button shows.
-QIcon extensionArrow(bool down, const QColor &colour)
+// Chevrons pointing right (or down), as the menu bar's "more" button shows.
+// Drawn only when the button does show: the menu bar asks for its icon
+// as it is made, and stroking would bring in code the game needs nowhere else.
+class ExtensionArrow : public QIconEngine
 {
-    QPixmap pixmap(16, 16);
-    pixmap.fill(Qt::transparent);
-    QPainter p(&pixmap);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(colour, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    for (const qreal at : {4.0, 9.0}) {
-        QPainterPath chevron;
-        if (down) {
-            chevron.moveTo(4, at);
-            chevron.lineTo(8, at + 3);
-            chevron.lineTo(12, at);
-        } else {
-            chevron.moveTo(at, 4);
-            chevron.lineTo(at + 3, 8);
-            chevron.lineTo(at, 12);
-        }
-        p.drawPath(chevron);
+public:
+    ExtensionArrow(bool down, const QColor &colour)
+        : m_down(down)
+        , m_colour(colour)
+    {
     }
-    return QIcon(pixmap);
-}
+
+    void paint(QPainter *p, const QRect &rect, QIcon::Mode, QIcon::State) override
+    {
+        p->save();
+        p->setRenderHint(QPainter::Antialiasing);
+        p->translate(rect.topLeft());
+        p->scale(rect.width() / 16.0, rect.height() / 16.0);
+        p->setPen(QPen(m_colour, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        for (const qreal at : {4.0, 9.0}) {
+            QPainterPath chevron;
+            if (m_down) {
+                chevron.moveTo(4, at);
+                chevron.lineTo(8, at + 3);
+                chevron.lineTo(12, at);
+            } else {
+                chevron.moveTo(at, 4);
+                chevron.lineTo(at + 3, 8);
+                chevron.lineTo(at, 12);
+            }
+            p->drawPath(chevron);
+        }
+        p->restore();
+    }
+
+    QIconEngine *clone() const override { return new ExtensionArrow(*this); }
+
+private:
+    bool m_down;
+    QColor m_colour;
+};
 
 } // namespace
 
@@ -72,7 +91,7 @@ QIcon AppStyle::standardIcon(StandardPixmap icon, const QStyleOption *option, co
 {
     if (icon == SP_ToolBarHorizontalExtensionButton || icon == SP_ToolBarVerticalExtensionButton) {
         const QPalette palette = option ? option->palette : standardPalette();
-        return extensionArrow(icon == SP_ToolBarVerticalExtensionButton, palette.color(QPalette::ButtonText));
+        return QIcon(new ExtensionArrow(icon == SP_ToolBarVerticalExtensionButton, palette.color(QPalette::ButtonText)));
     }
     return QProxyStyle::standardIcon(icon, option, widget);
 }

@@ -142,6 +142,9 @@ public:
     void remove(LoopingPicture *picture)
     {
         m_pictures.erase(std::remove(m_pictures.begin(), m_pictures.end(), picture), m_pictures.end());
+        // Frames no picture holds any more are let go.
+        for (auto it = m_decoded.begin(); it != m_decoded.end();)
+            it = it->second.use_count() == 1 ? m_decoded.erase(it) : std::next(it);
         schedule();
     }
 
@@ -182,14 +185,12 @@ private:
 
 LoopingPicture::LoopingPicture(const QString &path, QWidget *parent)
     : QWidget(parent)
+    , m_path(path)
     , m_nextChangeMs(kNever)
 {
-    if (parent) {
+    if (parent)
         m_clock = LoopClock::of(parent->window());
-        m_frames = m_clock->frames(path);
-    } else {
-        m_frames = openFrames(path);
-    }
+    m_frames = m_clock ? m_clock->frames(path) : openFrames(path);
 }
 
 LoopingPicture::~LoopingPicture()
@@ -205,6 +206,10 @@ bool LoopingPicture::isPlaying() const
 
 bool LoopingPicture::advanceTo(qint64 nowMs)
 {
+    if (!m_frames) {
+        m_nextChangeMs = kNever;
+        return false;
+    }
     LoopFrames &f = *m_frames;
     const qint64 elapsed = nowMs - m_startMs;
     if (!f.complete())
@@ -226,7 +231,7 @@ bool LoopingPicture::advanceTo(qint64 nowMs)
 
 void LoopingPicture::paintEvent(QPaintEvent *)
 {
-    if (m_frames->images.empty())
+    if (!m_frames || m_frames->images.empty())
         return;
     // The frame in the screen's own format, made once per change: painting
     // it is then a plain copy.
@@ -253,6 +258,8 @@ void LoopingPicture::paintEvent(QPaintEvent *)
 void LoopingPicture::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
+    if (!m_frames)
+        m_frames = m_clock ? m_clock->frames(m_path) : openFrames(m_path);
     QSize picture = m_frames->images.empty() ? QSize() : m_frames->images.front().size();
     // A picture larger than its box shrinks to fit, and the box, centred where
     // it was, shrinks to the picture: what shows around it is the window's.
@@ -274,6 +281,10 @@ void LoopingPicture::showEvent(QShowEvent *event)
 
 void LoopingPicture::hideEvent(QHideEvent *event)
 {
+    m_frames.reset();
+    m_shown = QPixmap();
+    m_shrunk.clear();
+    m_shownFrame = -1;
     if (m_clock)
         m_clock->remove(this);
     m_nextChangeMs = kNever;

@@ -17,6 +17,7 @@ struct LoopFrames;
 // 8-bit colours and shared by the pictures of the same file in a window; a
 // frame that looks like the one before only lengthens that one. All pictures on screen share one clock, so the program
 // wakes only when some picture changes, and then repaints only that picture.
+// A hidden picture lets its frames go.
 class LoopingPicture : public QWidget
 {
     Q_OBJECT
@@ -39,7 +40,8 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
-    std::shared_ptr<LoopFrames> m_frames;
+    QString m_path;
+    std::shared_ptr<LoopFrames> m_frames; // while shown, and from creation to the first showing
     QPointer<LoopClock> m_clock;
     QPixmap m_shown; // the frame on screen, ready to paint
     // A picture larger than its box: each frame shrunk once, when first shown.

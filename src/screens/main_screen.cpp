@@ -83,7 +83,7 @@ void MainScreen::resetToDesignState()
     m_looks->setValue(0);
     m_brains->setValue(0);
     m_luck->setValue(0);
-    m_face->setPixmap(loadPicture(m_assetDir, QStringLiteral("pictures/face_default.png")));
+    m_face->setPixmap(defaultFace());
     setTip(m_face, QString());
     m_soundItem->setChecked(true);
     setEnabled(true);
@@ -208,11 +208,17 @@ void MainScreen::SetHeartLabel(const std::string &text)
 
 void MainScreen::SetFace(const std::string &picture, const std::string &tooltip)
 {
-    QPixmap face = loadPicture(m_assetDir, qt(picture));
-    if (face.isNull())
-        face = loadPicture(m_assetDir, QStringLiteral("pictures/face_default.png"));
-    m_face->setPixmap(face);
+    const QPixmap face = loadPicture(m_assetDir, qt(picture));
+    m_face->setPixmap(face.isNull() ? defaultFace() : face);
     setTip(m_face, qt(tooltip));
+}
+
+const QPixmap &MainScreen::defaultFace()
+{
+    // Read once: every new game shows it for a moment, before her face.
+    if (m_defaultFace.isNull())
+        m_defaultFace = loadPicture(m_assetDir, QStringLiteral("pictures/face_default.png"));
+    return m_defaultFace;
 }
 
 void MainScreen::EnableMain(bool enabled)

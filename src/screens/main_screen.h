@@ -4,6 +4,7 @@
 #include "view/game_view.h"
 
 #include <QMainWindow>
+#include <QPixmap>
 #include <QPointer>
 
 #include <array>
@@ -102,9 +103,11 @@ private:
     QWidget *keyboardHome() const;
     QToolButton *addModeButton(QWidget *parent, ActionMode mode, const QString &caption, const QString &name,
                                const QString &picture, const QRect &geometry, const QString &tip);
+    const QPixmap &defaultFace();
 
     ScreenHost &m_host;
     QString m_assetDir;
+    QPixmap m_defaultFace;
     std::string m_talkText;
     std::string m_listTitle;
     QPointer<QWidget> m_lastFocus;

@@ -27,6 +27,11 @@ void OkWindow::finish(int choice)
     if (m_finishing)
         return;
     m_finishing = true;
+    // Off the screen before whatever the choice opens, and its drawing
+    // buffer and pictures let go, so that the next window takes their
+    // memory rather than adding to it. It still counts as open meanwhile.
+    hide();
+    destroy();
     Q_EMIT finished(choice);
     close();
 }

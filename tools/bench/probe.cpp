@@ -80,6 +80,30 @@ long statusKb(const char *key)
     return -1;
 }
 
+// The resident pages of every file mapped, from /proc/self/pagemap.
+void writeResidentPages(const char *path)
+{
+    std::ifstream maps("/proc/self/maps");
+    std::FILE *pagemap = std::fopen("/proc/self/pagemap", "rb");
+    std::ofstream out(path);
+    const long page = sysconf(_SC_PAGESIZE);
+    for (std::string line; pagemap && std::getline(maps, line);) {
+        unsigned long start = 0, end = 0, offset = 0;
+        char name[512] = "";
+        if (std::sscanf(line.c_str(), "%lx-%lx %*s %lx %*s %*s %511s", &start, &end, &offset, name) < 3 || name[0] != '/')
+            continue;
+        for (unsigned long at = start; at < end; at += page) {
+            unsigned long long entry = 0;
+            if (std::fseek(pagemap, long(at / page * 8), SEEK_SET) != 0 || std::fread(&entry, 8, 1, pagemap) != 1)
+                break;
+            if (entry >> 63)
+                out << std::hex << offset + (at - start) << std::dec << ' ' << name << '\n';
+        }
+    }
+    if (pagemap)
+        std::fclose(pagemap);
+}
+
 // Image plugins and the SVG module this process has loaded.
 std::string pluginsLoaded()
 {
@@ -245,6 +269,9 @@ private:
             std::ifstream in("/proc/self/smaps");
             std::ofstream(smaps) << in.rdbuf();
         }
+        // Which pages of each file are resident: "offset path" per page.
+        if (const char *pages = std::getenv("AMORRA_PROBE_PAGES"))
+            writeResidentPages(pages);
         std::FILE *f = m_out.empty() ? stdout : std::fopen(m_out.c_str(), "w");
         if (f) {
             for (const std::string &l : m_lines)
