@@ -23,7 +23,6 @@ struct LoopFrames
     std::vector<qint64> endsMs; // when each frame gives way, from the start of the loop
     qint64 loopMs = 0;          // the whole loop, once every frame is read
     std::unique_ptr<QImageReader> reader; // until the last frame is read
-    QImage shown;               // the last distinct frame, in full colour
     qint64 bytes = 0;
 
     bool complete() const { return !reader; }
@@ -69,28 +68,24 @@ void LoopFrames::readNext()
     const int stated = reader->nextImageDelay();
     const qint64 delay = stated < kSmallestDelayMs ? kDefaultDelayMs : stated;
     const qint64 end = (endsMs.empty() ? 0 : endsMs.back()) + delay;
-    if (!images.empty() && frame == shown) {
+    // A GIF frame has at most 256 colours, so the 8-bit copy is exact.
+    QImage compact = frame.convertToFormat(QImage::Format_Indexed8, Qt::ThresholdDither | Qt::AvoidDither);
+    if (!images.empty() && compact == images.back()) {
         endsMs.back() = end;
     } else {
-        // A GIF frame has at most 256 colours, so the 8-bit copy is exact.
-        QImage compact = frame.convertToFormat(QImage::Format_Indexed8, Qt::ThresholdDither | Qt::AvoidDither);
         bytes += compact.sizeInBytes();
         if (bytes > kMostBytes) {
             reader.reset();
         } else {
             images.push_back(std::move(compact));
             endsMs.push_back(end);
-            shown = frame;
         }
     }
     if (reader && !reader->canRead())
         reader.reset();
-    if (!reader) {
+    if (!reader)
         loopMs = endsMs.empty() ? 0 : endsMs.back();
-        shown = QImage();
-    }
 }
-
 
 // One clock for the pictures of one window: it wakes at the next change of
 // any of them, and only then.
@@ -261,12 +256,12 @@ void LoopingPicture::showEvent(QShowEvent *event)
     if (!m_frames)
         m_frames = m_clock ? m_clock->frames(m_path) : openFrames(m_path);
     QSize picture = m_frames->images.empty() ? QSize() : m_frames->images.front().size();
-    // A picture larger than its box shrinks to fit, and the box, centred where
-    // it was, shrinks to the picture: what shows around it is the window's.
-    if (picture.width() > width() || picture.height() > height()) {
+    // A picture larger than its box shrinks to fit; the box, centred where
+    // it was, takes the picture's size: what shows around it is the window's.
+    if (picture.width() > width() || picture.height() > height())
         picture = picture.scaled(size(), Qt::KeepAspectRatio);
+    if (picture.isValid() && picture != size())
         setGeometry(QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, picture, geometry()));
-    }
     // A picture that fills its box hides what is behind it: only it repaints.
     // Repainting the window behind it too woke the program three times a frame.
     const bool fills = picture == size() && !m_frames->images.front().hasAlphaChannel();

@@ -207,7 +207,10 @@ def champ(t):
     return doc(143, 182, "".join(out), view=(W, H), defs=defs)
 
 
-# ---------------------------------------------------------------- champlbl.gif (160 x 42)
+# ---------------------------------------------------------------- champlbl.gif (150 x 39)
+# The design's box is 160 pixels wide, but the Top 20 window ends 150
+# pixels into it: the banner is drawn at what shows, so that the game never
+# has to shrink it, nor keep shrunk copies of its frames.
 
 def champlbl(t):
     W, H = 320, 84
@@ -238,7 +241,7 @@ def champlbl(t):
         k = abs(math.sin(math.pi * (2 * t + i * 0.5)))
         out.append(f'<path d="{star_path(x, 14, 8 + 4 * k, (8 + 4 * k) * 0.45)}" fill="{GOLD}" stroke="{PLUM}" '
                    f'stroke-width="1.5" stroke-linejoin="round"/>')
-    return doc(160, 42, "".join(out), view=(W, H), defs=defs)
+    return doc(150, 39, "".join(out), view=(W, W * 39 / 150), defs=defs)
 
 
 # name, pixel size, number of frames, delay per frame in 1/100 s. Seven
@@ -249,7 +252,7 @@ ANIMS = [
     ("couple_kiss", (160, 120), 16, 15, couple_kiss),
     ("hearts", (48, 48), 8, 15, hearts),
     ("champ", (143, 182), 12, 15, champ),
-    ("champlbl", (160, 42), 12, 15, champlbl),
+    ("champlbl", (150, 39), 12, 15, champlbl),
 ]
 
 
