@@ -3,6 +3,7 @@
 
 #include "action_list.h"
 #include "heart_meter.h"
+#include "slanted_font.h"
 #include "widget_helpers.h"
 
 #include <QAction>
@@ -219,9 +220,7 @@ void MainScreen::buildScreen()
     spentBox->setPalette(spentColours);
     spentBox->setAutoFillBackground(true);
     auto *spentCaption = new QLabel(QStringLiteral("Total Money spent on her"), spentBox);
-    QFont captionFont = arialFont(9, true);
-    captionFont.setItalic(true);
-    spentCaption->setFont(captionFont);
+    spentCaption->setFont(slanted(arialFont(9, true)));
     spentCaption->setGeometry(twipsRect(120, 240, 2295, 255));
     m_spent = new QLabel(spentBox);
     m_spent->setObjectName(QStringLiteral("moneyspent_lbl"));

@@ -1,5 +1,7 @@
 #include "rtf_reader.h"
 
+#include "slanted_font.h"
+
 #include "core/cp1252.h"
 
 #include <QColor>
@@ -66,6 +68,7 @@ public:
     RtfParser(const QByteArray &rtf, QTextDocument *document)
         : m_in(rtf)
         , m_cursor(document)
+        , m_family(document->defaultFont().families().value(0, document->defaultFont().family()))
     {
     }
 
@@ -172,7 +175,11 @@ private:
         m_pending.truncate(kMostCharacters - m_characters);
         m_characters += m_pending.size();
         ++m_pieces;
-        m_cursor.insertText(m_pending, m_state.chars);
+        QTextCharFormat chars = m_state.chars;
+        // Italics are the upright face slanted, as on the game's windows.
+        if (chars.fontItalic())
+            chars.setFontStyleName(uprightStyle(m_family, chars.fontWeight() >= QFont::Bold));
+        m_cursor.insertText(m_pending, chars);
         m_pending.clear();
     }
 
@@ -394,6 +401,7 @@ private:
     const QByteArray &m_in;
     qsizetype m_at = 0;
     QTextCursor m_cursor;
+    QString m_family; // the document's, whose upright faces italics slant
     GroupState m_state;
     QVector<GroupState> m_stack;
     QString m_pending;

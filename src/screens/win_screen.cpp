@@ -1,6 +1,7 @@
 #include "win_screen.h"
 
 #include "looping_picture.h"
+#include "slanted_font.h"
 #include "widget_helpers.h"
 
 #include <QDir>
@@ -57,8 +58,7 @@ WinScreen::WinScreen(const QString &playerName, const QString &moneyText, const 
                   QRect(120, 40, 160, 120));
     makeAnimation(this, assetDir, QStringLiteral("hearts.gif"), QStringLiteral("Gif89a3"), QRect(322, 76, 48, 48));
 
-    QFont words = arialFont(11, true);
-    words.setItalic(true);
+    const QFont words = slanted(arialFont(11, true));
     centredLabel(this, QStringLiteral("OHH ... ") + playerName + QStringLiteral(" I Love you!!!"),
                  QStringLiteral("Label2"), words, 168, 24, QColor(192, 0, 0));
 
