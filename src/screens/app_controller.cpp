@@ -185,10 +185,6 @@ void AppController::openMain()
     startFirstGame(game());
     syncSoundItem();
     centreOnScreen(&mainScreen());
-    // When the guide is going to open over it at its first activation, the
-    // main screen is drawn disabled from the start instead of twice.
-    if (m_guideAhead && !m_tuteChecked)
-        mainScreen().EnableMain(false);
     mainScreen().show();
     if (desktopFits())
         mainScreen().FocusMain();
@@ -287,10 +283,8 @@ void AppController::mainActivated()
     if (readTuteShow(kTuteShowFile) == 1) {
         mainScreen().EnableMain(false);
         mainScreen().ShowTutorial();
-    } else if (m_guideAhead) {
-        giveMainBack(); // the guide is not wanted after all
     }
-    delete m_guideAhead.data();
+    delete m_guideAhead.data(); // not wanted after all
 }
 
 bool AppController::eventFilter(QObject *watched, QEvent *event)
