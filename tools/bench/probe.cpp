@@ -190,9 +190,14 @@ public:
     {
         if (event->type() == QEvent::Paint && watched->isWidgetType()) {
             auto *w = static_cast<QWidget *>(watched);
+            if (!m_firstPaint)
+                m_firstPaintEventNs = monotonicNs();
+            // What the first frame paints, and when: $AMORRA_PROBE_TRACE.
+            if (!m_firstFrameDone && std::getenv("AMORRA_PROBE_TRACE"))
+                std::fprintf(stderr, "first frame: %s %.3f ms\n", w->metaObject()->className(),
+                             double(monotonicNs() - m_firstPaintEventNs) / 1e6);
             if (!m_firstPaint) {
                 m_firstPaint = true;
-                m_firstPaintEventNs = monotonicNs();
                 // Runs once the paint and its flush to the screen are done.
                 QTimer::singleShot(0, this, [this] { firstPaintDone(); });
             }
@@ -243,6 +248,9 @@ private:
 
     void firstPaintDone()
     {
+        m_firstFrameDone = true;
+        if (std::getenv("AMORRA_PROBE_TRACE"))
+            std::fprintf(stderr, "first frame: done %.3f ms\n", double(monotonicNs() - m_firstPaintEventNs) / 1e6);
         m_lines.push_back("paint_ns=" + std::to_string(monotonicNs()));
         m_lines.push_back("loaded_ns=" + std::to_string(g_loadedNs));
         m_lines.push_back("app_ns=" + std::to_string(m_appNs));
@@ -551,6 +559,7 @@ private:
     std::string m_pluginsAtMain;
     std::vector<std::string> m_idled;
     bool m_firstPaint = false;
+    bool m_firstFrameDone = false;
     long long m_appNs = monotonicNs(); // the application object is being made
     long long m_firstPaintEventNs = 0;
     bool m_timing = false, m_released = false;
