@@ -38,10 +38,11 @@ QString talkForDisplay(const std::string &text)
 } // namespace
 
 MainScreen::MainScreen(ScreenHost &host, const QString &assetDir, QWidget *parent)
-    : QMainWindow(parent)
+    : QWidget(parent)
     , m_host(host)
     , m_assetDir(assetDir)
 {
+    announceWindowRoles();
     setObjectName(QStringLiteral("Form1"));
     setWindowTitle(gameTitle());
     setAccessibleName(gameTitle());
@@ -305,12 +306,12 @@ bool MainScreen::event(QEvent *event)
 {
     if (event->type() == QEvent::WindowActivate)
         Q_EMIT activated();
-    return QMainWindow::event(event);
+    return QWidget::event(event);
 }
 
 void MainScreen::resizeEvent(QResizeEvent *event)
 {
-    QMainWindow::resizeEvent(event);
+    QWidget::resizeEvent(event);
     if (isVisible())
         Q_EMIT resized();
 }

@@ -3,7 +3,7 @@
 #include "actions/actions.h"
 #include "view/game_view.h"
 
-#include <QMainWindow>
+#include <QWidget>
 #include <QPixmap>
 #include <QPointer>
 
@@ -13,6 +13,7 @@
 class QAction;
 class QGroupBox;
 class QLabel;
+class QMenuBar;
 class QTextEdit;
 class QProgressBar;
 class QPushButton;
@@ -27,7 +28,7 @@ class ScreenHost;
 // The game's one permanent window (Form1). It shows what the game logic
 // tells it through GameView and reports the player's clicks as signals; the
 // other windows, sounds and messages it hands on to its ScreenHost.
-class MainScreen final : public QMainWindow, public GameView
+class MainScreen final : public QWidget, public GameView
 {
     Q_OBJECT
 
@@ -38,6 +39,7 @@ public:
     void resetToDesignState();
     void setSoundChecked(bool checked);
     bool soundChecked() const;
+    QMenuBar *menuBar() const { return m_menuBar; }
 
     void SetTalk(const std::string &text) override;
     std::string GetTalk() const override;
@@ -112,6 +114,7 @@ private:
     std::string m_listTitle;
     QPointer<QWidget> m_lastFocus;
 
+    QMenuBar *m_menuBar = nullptr;
     std::array<QToolButton *, 5> m_modeButtons{}; // Call Her, Buy A Gift, Take Her Out, Go to Work, Go Shopping
     QToolButton *m_takeHerOut = nullptr;
     QToolButton *m_lastMode = nullptr;

@@ -16,6 +16,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 namespace amorra {
 
@@ -106,7 +107,14 @@ void MainScreen::buildScreen()
     screen->setObjectName(QStringLiteral("Form1_client"));
     screen->setFixedSize(twips(7425), twips(7335));
     screen->setFont(sansSerifFont(8.25));
-    setCentralWidget(screen);
+    // A plain window with its menu bar above the screen: a main window's
+    // docks and toolbars would be code and memory the game never uses.
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    m_menuBar = new QMenuBar(this);
+    layout->setMenuBar(m_menuBar);
+    layout->addWidget(screen);
 
     auto *modePanel = new QGroupBox(screen);
     modePanel->setObjectName(QStringLiteral("mode_panel"));
@@ -253,7 +261,7 @@ void MainScreen::buildScreen()
 
 void MainScreen::buildMenus()
 {
-    QMenuBar *bar = menuBar();
+    QMenuBar *bar = m_menuBar;
     auto item = [this](QMenu *menu, const QString &text, const QString &name, void (MainScreen::*signal)()) {
         QAction *action = menu->addAction(text);
         action->setObjectName(name);

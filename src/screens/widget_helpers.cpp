@@ -74,7 +74,7 @@ QAccessibleInterface *windowRoles(const QString &className, QObject *object)
         return nullptr;
     if (className == QLatin1String("amorra::OkWindow"))
         return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Dialog);
-    if (className == QLatin1String("amorra::SetupScreen"))
+    if (className == QLatin1String("amorra::SetupScreen") || className == QLatin1String("amorra::MainScreen"))
         return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::Window);
     return nullptr;
 }

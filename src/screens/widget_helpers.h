@@ -33,7 +33,7 @@ void nameControl(QWidget *w, const QString &objectName, const QString &accessibl
 // Sets a tooltip and keeps the accessible description in step with it.
 void setTip(QWidget *w, const QString &tooltip);
 
-// Lets screen readers know the setup screen as a window and every window
+// Lets screen readers know the setup and main screens as windows and every window
 // that ends with OK as a dialog, by their titles, rather than as panels.
 void announceWindowRoles();
 
