@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
+#include <QSlider>
 #include <QStyleOption>
 #include <QVariant>
 
@@ -85,6 +86,51 @@ void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *optio
         return;
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void AppStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
+                                  const QWidget *widget) const
+{
+    const auto *slider = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    if (control != CC_Slider || !m_fusion || !slider || slider->orientation != Qt::Horizontal) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    // Fusion's slider, flat: a rounded groove filled up to the handle in the
+    // highlight colour, a light rounded handle, ticks below.
+    const QPalette &pal = slider->palette;
+    const QColor outline = pal.color(QPalette::Window).darker(140);
+    const QColor fill = pal.color(QPalette::Highlight);
+    const QRect groove = subControlRect(CC_Slider, slider, SC_SliderGroove, widget);
+    const QRect handle = subControlRect(CC_Slider, slider, SC_SliderHandle, widget);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    const QRectF bar(groove.left() + 0.5, groove.center().y() - 1.5, groove.width() - 1.0, 4.0);
+    painter->setPen(outline);
+    painter->setBrush(pal.color(QPalette::Button).darker(105));
+    painter->drawRoundedRect(bar, 2, 2);
+    const bool filled = slider->sliderPosition > slider->minimum;
+    if (filled) {
+        painter->setPen(fill.darker(130));
+        painter->setBrush(fill);
+        painter->drawRoundedRect(QRectF(bar.left(), bar.top(), handle.center().x() - bar.left(), bar.height()), 2, 2);
+    }
+    if (slider->tickPosition & QSlider::TicksBelow && slider->tickInterval > 0) {
+        painter->setRenderHint(QPainter::Antialiasing, false);
+        painter->setPen(fill.darker(130));
+        const int length = handle.width();
+        for (int v = slider->minimum; v <= slider->maximum; v += slider->tickInterval) {
+            const int x = groove.left() + length / 2
+                          + sliderPositionFromValue(slider->minimum, slider->maximum, v, groove.width() - length);
+            painter->drawLine(x, slider->rect.bottom() - 3, x, slider->rect.bottom() - 1);
+        }
+        painter->setRenderHint(QPainter::Antialiasing);
+    }
+    const bool focused = slider->state & State_HasFocus;
+    painter->setPen(focused ? fill.darker(110) : outline);
+    painter->setBrush(pal.color(QPalette::Button).lighter(108));
+    painter->drawRoundedRect(QRectF(handle).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+    painter->restore();
 }
 
 QIcon AppStyle::standardIcon(StandardPixmap icon, const QStyleOption *option, const QWidget *widget) const
