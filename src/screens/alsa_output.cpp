@@ -24,10 +24,12 @@ constexpr int kMostAttempts = 3;
 // print them at every click. Sound is never essential, so we stay quiet.
 void quiet(const char *, int, const char *, int, const char *, ...) {}
 
+} // namespace
+
 // libasound, loaded when the first sound plays rather than with the
 // program: loading and binding its thousand-odd symbols cost every start
 // about a millisecond before the first window.
-struct Alsa
+struct AlsaLibrary
 {
     decltype(&snd_pcm_open) open = nullptr;
     decltype(&snd_pcm_set_params) setParams = nullptr;
@@ -43,6 +45,8 @@ struct Alsa
     bool loaded = false;
 };
 
+namespace {
+
 template <typename F>
 bool resolve(void *library, const char *name, F &function)
 {
@@ -51,10 +55,10 @@ bool resolve(void *library, const char *name, F &function)
 }
 
 // Without the library the game plays silently, as without a device.
-const Alsa &alsa()
+const AlsaLibrary &alsa()
 {
-    static const Alsa lib = [] {
-        Alsa a;
+    static const AlsaLibrary lib = [] {
+        AlsaLibrary a;
         void *library = dlopen("libasound.so.2", RTLD_NOW | RTLD_LOCAL);
         decltype(&snd_lib_error_set_handler) setErrorHandler = nullptr;
         if (!library || !resolve(library, "snd_lib_error_set_handler", setErrorHandler))
@@ -119,12 +123,13 @@ bool AlsaOutput::open(const PcmFormat &format)
     const snd_pcm_format_t pcmFormat = alsaFormat(format.bytesPerSample);
     if (pcmFormat == SND_PCM_FORMAT_UNKNOWN || format.channels <= 0 || format.rate <= 0 || !alsa().loaded)
         return false;
+    m_alsa = &alsa();
     // Non-blocking, so a busy device answers at once instead of holding us.
-    if (alsa().open(&m_pcm, m_device.c_str(), SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK) < 0) {
+    if (m_alsa->open(&m_pcm, m_device.c_str(), SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK) < 0) {
         m_pcm = nullptr;
         return false;
     }
-    if (alsa().setParams(m_pcm, pcmFormat, SND_PCM_ACCESS_RW_INTERLEAVED, unsigned(format.channels),
+    if (m_alsa->setParams(m_pcm, pcmFormat, SND_PCM_ACCESS_RW_INTERLEAVED, unsigned(format.channels),
                            unsigned(format.rate), 1, kLatencyUs)
         < 0) {
         close();
@@ -138,20 +143,20 @@ long AlsaOutput::write(const char *frames, std::size_t count)
     if (!m_pcm)
         return -1;
     for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
-        const snd_pcm_sframes_t taken = alsa().writei(m_pcm, frames, count);
+        const snd_pcm_sframes_t taken = m_alsa->writei(m_pcm, frames, count);
         if (taken >= 0)
             return long(taken);
         if (taken == -EAGAIN) {
             // The buffer is full: give the device a moment to play some.
-            const int ready = alsa().wait(m_pcm, kRoomWaitMs);
+            const int ready = m_alsa->wait(m_pcm, kRoomWaitMs);
             if (ready == 0)
                 return 0;
-            if (ready < 0 && alsa().recover(m_pcm, ready, 1) < 0)
+            if (ready < 0 && m_alsa->recover(m_pcm, ready, 1) < 0)
                 return -1;
             continue;
         }
         // Underrun or suspend: start again where we are.
-        if (alsa().recover(m_pcm, int(taken), 1) < 0)
+        if (m_alsa->recover(m_pcm, int(taken), 1) < 0)
             return -1;
     }
     return 0;
@@ -163,17 +168,17 @@ long AlsaOutput::queued()
         return -1;
     // Ran dry: everything written has been heard. (PulseAudio's plugin says
     // so by its state while its delay still counts a few frames.)
-    if (alsa().state(m_pcm) == SND_PCM_STATE_XRUN)
+    if (m_alsa->state(m_pcm) == SND_PCM_STATE_XRUN)
         return 0;
     snd_pcm_sframes_t delay = 0;
-    const int err = alsa().delay(m_pcm, &delay);
+    const int err = m_alsa->delay(m_pcm, &delay);
     if (err == -EPIPE)
         return 0;
     if (err < 0)
         return -1;
     // The stream starts by itself once its buffer is full; a clip shorter
     // than that needs a push.
-    if (delay > 0 && alsa().state(m_pcm) == SND_PCM_STATE_PREPARED && alsa().start(m_pcm) < 0)
+    if (delay > 0 && m_alsa->state(m_pcm) == SND_PCM_STATE_PREPARED && m_alsa->start(m_pcm) < 0)
         return -1;
     return std::max<long>(long(delay), 0);
 }
@@ -182,15 +187,15 @@ void AlsaOutput::drop()
 {
     if (!m_pcm)
         return;
-    alsa().drop(m_pcm);
+    m_alsa->drop(m_pcm);
     // Ready for the next clip's frames.
-    alsa().prepare(m_pcm);
+    m_alsa->prepare(m_pcm);
 }
 
 void AlsaOutput::close()
 {
     if (m_pcm)
-        alsa().close(m_pcm);
+        m_alsa->close(m_pcm);
     m_pcm = nullptr;
 }
 

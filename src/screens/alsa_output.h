@@ -8,6 +8,8 @@ typedef struct _snd_pcm snd_pcm_t; // NOLINT(bugprone-reserved-identifier): ALSA
 
 namespace amorra {
 
+struct AlsaLibrary;
+
 // How a clip's samples are laid out: interleaved frames of `channels`
 // little-endian samples, `bytesPerSample` bytes each (one byte is unsigned,
 // wider samples are signed).
@@ -69,6 +71,7 @@ public:
 
 private:
     std::string m_device;
+    const AlsaLibrary *m_alsa = nullptr; // loaded, whenever m_pcm is open
     snd_pcm_t *m_pcm = nullptr;
 };
 

@@ -9,12 +9,12 @@
 # has one) against the same game on X11.
 # Nothing of this runs inside `make test`.
 # Usage: tools/bench/run.sh [build-folder]
-#   BENCH_RUNS (starts of each program, 15), BENCH_GAMES (whole games, 3),
+#   BENCH_RUNS (starts of each program, 21), BENCH_GAMES (whole games, 3),
 #   BENCH_IDLE_SECONDS (each idle spell, 30) tune it.
 set -eu
 BUILD=${1:-build}
 JOBS=${JOBS:-2}
-RUNS=${BENCH_RUNS:-15}
+RUNS=${BENCH_RUNS:-21}
 GAMES=${BENCH_GAMES:-3}
 IDLE=${BENCH_IDLE_SECONDS:-30}
 
