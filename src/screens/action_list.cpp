@@ -239,20 +239,36 @@ int ActionList::widestRow() const
 
 void ActionList::refit()
 {
-    // The rows take the design's font, or a smaller one where a wider
-    // stand-in font would push the longest row past the scroll bar.
+    // The rows take the design's font, or the largest quarter-point size
+    // below it at which a wider stand-in font keeps the longest row clear of
+    // the scroll bar.
     const int room = width() - 2 * frameWidth() - style()->pixelMetric(QStyle::PM_ScrollBarExtent) - 2 * kTextMargin;
+    double tooLarge = 0;
     while (widestRow() > room && font().pointSizeF() > kSmallestPoints) {
         // Text grows nearly in step with its font: one guess at the size,
         // then a quarter point at a time should the guess still be too wide.
-        const double now = font().pointSizeF();
-        const double guess = std::floor(now * room / widestRow() * 4) / 4;
-        QFont smaller = font();
-        smaller.setPointSizeF(std::clamp(guess, kSmallestPoints, now - 0.25));
-        useFont(smaller);
-        for (int r = 0; r < count(); ++r)
-            takeRow(rowColumns(item(r)->text()));
+        tooLarge = font().pointSizeF();
+        const double guess = std::floor(tooLarge * room / widestRow() * 4) / 4;
+        layOutAt(std::clamp(guess, kSmallestPoints, tooLarge - 0.25));
     }
+    // The guess errs small, by the font's rounding: up again while it fits.
+    while (tooLarge > 0 && font().pointSizeF() + 0.25 < tooLarge) {
+        const double fits = font().pointSizeF();
+        layOutAt(fits + 0.25);
+        if (widestRow() > room) {
+            layOutAt(fits);
+            break;
+        }
+    }
+}
+
+void ActionList::layOutAt(double points)
+{
+    QFont sized = font();
+    sized.setPointSizeF(points);
+    useFont(sized);
+    for (int r = 0; r < count(); ++r)
+        takeRow(rowColumns(item(r)->text()));
 }
 
 void ActionList::useFont(const QFont &font)

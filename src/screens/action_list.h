@@ -47,6 +47,8 @@ private:
     int widestRow() const;
     // A smaller font for all rows when the widest no longer fits.
     void refit();
+    // All rows measured again in the list's font at this size.
+    void layOutAt(double points);
     void useFont(const QFont &font);
 
     QVector<int> m_columnStarts;

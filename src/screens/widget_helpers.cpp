@@ -122,15 +122,27 @@ QFont fittedFont(const QFont &font, const QString &text, int width)
     if (surelyFits(font, text, width))
         return font;
     QFont fitted = font;
+    const auto advanceAt = [&fitted, &text](double points) {
+        fitted.setPointSizeF(points);
+        return QFontMetrics(fitted).horizontalAdvance(text);
+    };
+    // Text widens nearly in step with its font: one guess at the size, then
+    // a quarter point at a time, down while too wide, up while the next
+    // still fits. Each size tried costs a font of its own, kept for the
+    // whole run, so the guess comes first.
+    double tooLarge = 0;
     int advance = QFontMetrics(fitted).horizontalAdvance(text);
     while (advance > width && fitted.pointSizeF() > kSmallestPoints) {
-        // Text widens nearly in step with its font: one guess at the size,
-        // then a quarter point at a time should the guess still be too wide.
-        // Each size tried costs a font of its own, kept for the whole run.
-        const double now = fitted.pointSizeF();
-        const double guess = std::floor(now * width / advance * 4) / 4;
-        fitted.setPointSizeF(std::clamp(guess, kSmallestPoints, now - 0.25));
-        advance = QFontMetrics(fitted).horizontalAdvance(text);
+        tooLarge = fitted.pointSizeF();
+        const double guess = std::floor(tooLarge * width / advance * 4) / 4;
+        advance = advanceAt(std::clamp(guess, kSmallestPoints, tooLarge - 0.25));
+    }
+    while (tooLarge > 0 && fitted.pointSizeF() + 0.25 < tooLarge) {
+        const double fits = fitted.pointSizeF();
+        if (advanceAt(fits + 0.25) > width) {
+            fitted.setPointSizeF(fits);
+            break;
+        }
     }
     return fitted;
 }

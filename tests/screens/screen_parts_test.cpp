@@ -2,6 +2,7 @@
 #include "screens/action_list.h"
 #include "screens/window_system.h"
 
+#include <QScrollBar>
 #include <QTest>
 
 using namespace amorra;
@@ -13,6 +14,8 @@ class ScreenPartsTest : public QObject
 private Q_SLOTS:
     void listRowsSplitIntoColumnsAtRunsOfTabs_data();
     void listRowsSplitIntoColumnsAtRunsOfTabs();
+    void listRowsFitBesideTheScrollBarInTheLargestFontTheyNeed_data();
+    void listRowsFitBesideTheScrollBarInTheLargestFontTheyNeed();
     void waylandDesktopsKeepFramesWithoutGl_data();
     void waylandDesktopsKeepFramesWithoutGl();
 };
@@ -35,6 +38,54 @@ void ScreenPartsTest::listRowsSplitIntoColumnsAtRunsOfTabs()
     QFETCH(QString, row);
     QFETCH(QStringList, columns);
     QCOMPARE(rowColumns(row), columns);
+}
+
+void ScreenPartsTest::listRowsFitBesideTheScrollBarInTheLargestFontTheyNeed_data()
+{
+    QTest::addColumn<QStringList>("rows");
+    QTest::addColumn<bool>("shrinks");
+
+    QTest::newRow("short rows: the design's font") << QStringList{"Flowers\t$40", "Beer\t\t$5"} << false;
+    QTest::newRow("one long row: all rows smaller")
+        << QStringList{"Flowers\t$40", "A dozen long-stemmed roses from the flower shop\t\t$140"} << true;
+    QTest::newRow("long first column pushes the second")
+        << QStringList{"Tutor\t$100\tavailable", "Parking Attendant\t$50\tNOT available today"}
+        << true;
+}
+
+// A row wider than the list would lose its last column under the scroll bar.
+void ScreenPartsTest::listRowsFitBesideTheScrollBarInTheLargestFontTheyNeed()
+{
+    QFETCH(QStringList, rows);
+    QFETCH(bool, shrinks);
+    ActionList list;
+    list.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    list.resize(300, 150);
+    const QFont design(QStringLiteral("DejaVu Sans"), 10, QFont::Bold);
+    list.setFont(design);
+    list.show();
+    for (int round = 0; round < 2; ++round) { // filled again: the same font, the same columns
+        list.clearRows();
+        QCOMPARE(list.font(), design);
+        for (const QString &row : rows)
+            list.addRow(row);
+        QCOMPARE(list.font().pointSizeF() < design.pointSizeF(), shrinks);
+        QVERIFY2(list.sizeHintForColumn(0) <= list.viewport()->width(),
+                 qPrintable(QStringLiteral("%1 > %2").arg(list.sizeHintForColumn(0)).arg(list.viewport()->width())));
+        // Shrunk, but not to a size that a quarter point more would also fit.
+        if (shrinks) {
+            ActionList larger;
+            larger.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+            larger.resize(list.size());
+            QFont quarterMore = list.font();
+            quarterMore.setPointSizeF(quarterMore.pointSizeF() + 0.25);
+            larger.setFont(quarterMore);
+            larger.show();
+            for (const QString &row : rows)
+                larger.addRow(row);
+            QVERIFY(larger.font().pointSizeF() < quarterMore.pointSizeF());
+        }
+    }
 }
 
 void ScreenPartsTest::waylandDesktopsKeepFramesWithoutGl_data()
