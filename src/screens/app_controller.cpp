@@ -93,7 +93,6 @@ void AppController::buildMain()
     connect(main, &MainScreen::quickStartChosen, this, &AppController::quickStart);
     connect(main, &MainScreen::onlineHelpChosen, this, &AppController::onlineHelp);
     connect(main, &MainScreen::aboutChosen, this, &AppController::about);
-    connect(main, &MainScreen::activated, this, &AppController::mainActivated);
     connect(main, &MainScreen::resized, this, [this] { desktopFits(); });
     connect(main, &MainScreen::closedByPlayer, this, &AppController::endProgram);
 }
@@ -186,8 +185,10 @@ void AppController::openMain()
     syncSoundItem();
     centreOnScreen(&mainScreen());
     mainScreen().show();
-    if (desktopFits())
-        mainScreen().FocusMain();
+    if (!desktopFits())
+        return;
+    mainScreen().FocusMain();
+    startUpCheck();
 }
 
 void AppController::modeClicked(ActionMode mode)
@@ -274,9 +275,13 @@ void AppController::onlineHelp()
     openWebPage(QStringLiteral("help/index.html"));
 }
 
-void AppController::mainActivated()
+void AppController::startUpCheck()
 {
-    // Once per run, on the main screen's first activation.
+    // Once per run, as the main screen first shows: that is its first
+    // activation wherever the desktop activates a new window, and a desktop
+    // that does not (Wayland without an activation token) still gets its
+    // guide. Run before the first paint, the main screen is drawn disabled
+    // once rather than enabled and then again disabled.
     if (m_tuteChecked || !m_mainLoaded)
         return;
     m_tuteChecked = true;
@@ -316,8 +321,14 @@ void AppController::prepareAhead()
         m_guideAhead = makeGuide();
         // Later, so that a key the player presses meanwhile is not kept waiting.
         QTimer::singleShot(0, this, [this] {
-            if (m_guideAhead)
-                readyAhead(m_guideAhead);
+            if (!m_guideAhead)
+                return;
+            readyAhead(m_guideAhead);
+            // The guide disables the main screen as it opens: its disabled
+            // look is drawn once now too, so START finds it in the caches.
+            mainScreen().setEnabled(false);
+            mainScreen().grab();
+            mainScreen().setEnabled(true);
         });
     }
 }

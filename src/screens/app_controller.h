@@ -76,7 +76,7 @@ private:
     void quickStart();
     void onlineHelp();
     void about();
-    void mainActivated();
+    void startUpCheck();
     void endProgram();
 
     bool desktopFits();

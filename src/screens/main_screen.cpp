@@ -302,13 +302,6 @@ void MainScreen::PlaySound(const std::string &path, SoundMode mode)
     m_host.playSound(path, mode);
 }
 
-bool MainScreen::event(QEvent *event)
-{
-    if (event->type() == QEvent::WindowActivate)
-        Q_EMIT activated();
-    return QWidget::event(event);
-}
-
 void MainScreen::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);

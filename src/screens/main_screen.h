@@ -88,12 +88,10 @@ Q_SIGNALS:
     void quickStartChosen();
     void onlineHelpChosen();
     void aboutChosen();
-    void activated();
     void resized();
     void closedByPlayer();
 
 protected:
-    bool event(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
