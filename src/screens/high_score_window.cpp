@@ -8,6 +8,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>
+#include <QStyleOptionFocusRect>
+#include <QStyledItemDelegate>
 #include <QTableWidget>
 
 namespace amorra {
@@ -44,10 +46,40 @@ protected:
     }
 };
 
+// The table's cells: their text in the cell's colour and alignment, and
+// nothing for an empty one; the style's cells lay every text out afresh,
+// two milliseconds of opening the window.
+class PlainCells : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        const QString text = index.data(Qt::DisplayRole).toString();
+        if (!text.isEmpty()) {
+            const QVariant ink = index.data(Qt::ForegroundRole);
+            painter->save();
+            painter->setFont(option.font);
+            painter->setPen(ink.isValid() ? ink.value<QBrush>().color() : option.palette.color(QPalette::Text));
+            const int margin = option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, option.widget) + 1;
+            const auto alignment = Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt());
+            painter->drawText(option.rect.adjusted(margin, 0, -margin, 0), int(alignment) | Qt::TextSingleLine, text);
+            painter->restore();
+        }
+        if (option.state & QStyle::State_HasFocus) {
+            QStyleOptionFocusRect focus;
+            focus.QStyleOption::operator=(option);
+            option.widget->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, option.widget);
+        }
+    }
+};
+
 QTableWidget *makeGrid(QWidget *parent, const HighScoreScreenData &data)
 {
     auto *grid = new QTableWidget(kShownScores, 5, parent);
     grid->setHorizontalHeader(new FlatHeader(Qt::Horizontal, grid));
+    grid->setItemDelegate(new PlainCells(grid));
     nameControl(grid, QStringLiteral("Score_list"), QStringLiteral("Top 20 table"));
     grid->setFont(sansSerifFont(8.25));
     grid->setGeometry(twipsRect(0, 0, 7380, 5130));

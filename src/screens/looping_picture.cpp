@@ -81,8 +81,8 @@ void LoopFrames::readNext()
             endsMs.push_back(end);
         }
     }
-    if (reader && !reader->canRead())
-        reader.reset();
+    // The end shows as a frame that does not come: asking the reader ahead
+    // whether one will decodes half of it once more.
     if (!reader)
         loopMs = endsMs.empty() ? 0 : endsMs.back();
 }
