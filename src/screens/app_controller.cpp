@@ -5,6 +5,7 @@
 #include "setup_screen.h"
 #include "sound_player.h"
 #include "tutorial_window.h"
+#include "win_screen.h"
 #include "widget_helpers.h"
 
 #include "core/data_files.h"
@@ -59,7 +60,10 @@ AppController::AppController(RandomSource &random, SoundPlayer &sound, Desktop &
     });
     m_rememberTimer.setSingleShot(true);
     m_rememberTimer.setInterval(kAfterFirstPaintMs);
-    connect(&m_rememberTimer, &QTimer::timeout, this, [this] { rememberName(true); });
+    connect(&m_rememberTimer, &QTimer::timeout, this, [this] {
+        rememberName(true);
+        WinScreen::drawTextsAhead(QString::fromStdString(game().state().player.player_name));
+    });
 }
 
 MainScreen &AppController::mainScreen()

@@ -6,10 +6,13 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QImage>
 #include <QLabel>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPushButton>
+
+#include <utility>
 
 namespace amorra {
 
@@ -31,6 +34,29 @@ QLabel *centredLabel(QWidget *parent, const QString &text, const QString &object
     return label;
 }
 
+constexpr int kWidth = 400;
+const char kHeadline[] = "Well done! Looks like you landed a SWEELA!!!";
+
+QFont headlineFont()
+{
+    return arialFont(12, true);
+}
+
+QFont wordsFont()
+{
+    return slanted(arialFont(11, true));
+}
+
+QFont figuresFont()
+{
+    return arialFont(10, true);
+}
+
+QString herWords(const QString &playerName)
+{
+    return QStringLiteral("OHH ... ") + playerName + QStringLiteral(" I Love you!!!");
+}
+
 } // namespace
 
 QWidget *makeAnimation(QWidget *parent, const QString &assetDir, const QString &file, const QString &objectName,
@@ -49,26 +75,38 @@ WinScreen::WinScreen(const QString &playerName, const QString &moneyText, const 
 {
     setObjectName(QStringLiteral("Form3"));
     setAccessibleName(gameTitle());
-    setFixedSize(400, 318);
-    centredLabel(this, QStringLiteral("Well done! Looks like you landed a SWEELA!!!"), QStringLiteral("Label1"),
-                 arialFont(12, true), 8, 24, QColor(128, 0, 64));
+    setFixedSize(kWidth, 318);
+    centredLabel(this, QString::fromLatin1(kHeadline), QStringLiteral("Label1"), headlineFont(), 8, 24,
+                 QColor(128, 0, 64));
 
     makeAnimation(this, assetDir, QStringLiteral("hearts.gif"), QStringLiteral("Gif89a2"), QRect(30, 76, 48, 48));
     makeAnimation(this, assetDir, QStringLiteral("couple_kiss.gif"), QStringLiteral("Gif89a1"),
                   QRect(120, 40, 160, 120));
     makeAnimation(this, assetDir, QStringLiteral("hearts.gif"), QStringLiteral("Gif89a3"), QRect(322, 76, 48, 48));
 
-    const QFont words = slanted(arialFont(11, true));
-    centredLabel(this, QStringLiteral("OHH ... ") + playerName + QStringLiteral(" I Love you!!!"),
-                 QStringLiteral("Label2"), words, 168, 24, QColor(192, 0, 0));
+    centredLabel(this, herWords(playerName), QStringLiteral("Label2"), wordsFont(), 168, 24, QColor(192, 0, 0));
 
-    centredLabel(this, scoreText, QStringLiteral("score_lbl"), arialFont(10, true), 198, 20);
-    centredLabel(this, daysText, QStringLiteral("days_lbl"), arialFont(10, true), 220, 20);
-    centredLabel(this, moneyText, QStringLiteral("money_lbl"), arialFont(10, true), 242, 20);
+    centredLabel(this, scoreText, QStringLiteral("score_lbl"), figuresFont(), 198, 20);
+    centredLabel(this, daysText, QStringLiteral("days_lbl"), figuresFont(), 220, 20);
+    centredLabel(this, moneyText, QStringLiteral("money_lbl"), figuresFont(), 242, 20);
 
     QPushButton *ok = makeButton(QStringLiteral("OK"), QStringLiteral("Command1"), Ok);
     ok->setGeometry((width() - 65) / 2, 278, 65, 25);
     ok->setFocus();
+}
+
+void WinScreen::drawTextsAhead(const QString &playerName)
+{
+    QImage scratch(kWidth, 24, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&scratch);
+    const std::pair<QFont, QString> lines[] = {
+        {fittedFont(headlineFont(), QString::fromLatin1(kHeadline), kWidth - 16), QString::fromLatin1(kHeadline)},
+        {fittedFont(wordsFont(), herWords(playerName), kWidth - 16), herWords(playerName)},
+        {figuresFont(), QStringLiteral("Your Score : Total Days Money Spent $0123456789")}};
+    for (const auto &[font, text] : lines) {
+        painter.setFont(font);
+        painter.drawText(0, 20, text);
+    }
 }
 
 void WinScreen::paintEvent(QPaintEvent *event)
