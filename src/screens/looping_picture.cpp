@@ -28,6 +28,12 @@ struct LoopFrames
     bool complete() const { return !reader; }
     // Reads the next frame; a frame like the one before only lengthens it.
     void readNext();
+    // No more frames: the loop is as long as those read.
+    void finish()
+    {
+        reader.reset();
+        loopMs = endsMs.empty() ? 0 : endsMs.back();
+    }
     // Reads on until the frame showing at `intoMs` of the first loop is known.
     void readUntil(qint64 intoMs)
     {
@@ -61,8 +67,10 @@ std::shared_ptr<LoopFrames> openFrames(const QString &path)
 void LoopFrames::readNext()
 {
     const QImage frame = reader->read();
+    // The end shows as a frame that does not come: asking the reader ahead
+    // whether one will decodes half of it once more.
     if (frame.isNull()) {
-        reader.reset();
+        finish();
         return;
     }
     const int stated = reader->nextImageDelay();
@@ -75,16 +83,12 @@ void LoopFrames::readNext()
     } else {
         bytes += compact.sizeInBytes();
         if (bytes > kMostBytes) {
-            reader.reset();
+            finish();
         } else {
             images.push_back(std::move(compact));
             endsMs.push_back(end);
         }
     }
-    // The end shows as a frame that does not come: asking the reader ahead
-    // whether one will decodes half of it once more.
-    if (!reader)
-        loopMs = endsMs.empty() ? 0 : endsMs.back();
 }
 
 // One clock for the pictures of one window: it wakes at the next change of

@@ -1,5 +1,7 @@
-// The screens' plain parts: the action list's columns, the window system chosen.
+// The screens' plain parts: the action list's columns, the animations' loops,
+// the window system chosen.
 #include "screens/action_list.h"
+#include "screens/looping_picture.h"
 #include "screens/window_system.h"
 
 #include <QScrollBar>
@@ -16,6 +18,8 @@ private Q_SLOTS:
     void listRowsSplitIntoColumnsAtRunsOfTabs();
     void listRowsFitBesideTheScrollBarInTheLargestFontTheyNeed_data();
     void listRowsFitBesideTheScrollBarInTheLargestFontTheyNeed();
+    void animationsLoopForeverAtTheirFilesPace_data();
+    void animationsLoopForeverAtTheirFilesPace();
     void waylandDesktopsKeepFramesWithoutGl_data();
     void waylandDesktopsKeepFramesWithoutGl();
 };
@@ -86,6 +90,32 @@ void ScreenPartsTest::listRowsFitBesideTheScrollBarInTheLargestFontTheyNeed()
             QVERIFY(larger.font().pointSizeF() < quarterMore.pointSizeF());
         }
     }
+}
+
+void ScreenPartsTest::animationsLoopForeverAtTheirFilesPace_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("frames");
+    // The game's GIFs show each frame for 150 ms.
+    QTest::newRow("win screen: the couple") << "couple_kiss.gif" << 16;
+    QTest::newRow("win screen: hearts") << "hearts.gif" << 8;
+    QTest::newRow("Top 20: the cup") << "champ.gif" << 12;
+    QTest::newRow("Top 20: the banner") << "champlbl.gif" << 12;
+}
+
+// A loop that stopped after its first round left a still picture.
+void ScreenPartsTest::animationsLoopForeverAtTheirFilesPace()
+{
+    QFETCH(QString, file);
+    QFETCH(int, frames);
+    LoopingPicture picture(QStringLiteral(AMORRA_TEST_ASSETS "/") + file);
+    int changes = 0;
+    for (qint64 now = 0; now < 3 * frames * 150; now = picture.nextChangeMs()) {
+        changes += picture.advanceTo(now) ? 1 : 0;
+        QVERIFY2(picture.isPlaying() && picture.nextChangeMs() - now == 150,
+                 qPrintable(QStringLiteral("at %1 ms, next change %2").arg(now).arg(picture.nextChangeMs())));
+    }
+    QCOMPARE(changes, 3 * frames - 1);
 }
 
 void ScreenPartsTest::waylandDesktopsKeepFramesWithoutGl_data()
