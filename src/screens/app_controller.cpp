@@ -1,6 +1,7 @@
 #include "app_controller.h"
 
 #include "desktop.h"
+#include "high_score_window.h"
 #include "ok_window.h"
 #include "setup_screen.h"
 #include "sound_player.h"
@@ -29,6 +30,9 @@ const char kLastFile[] = "last";
 const char kTuteShowFile[] = "tuteshow";
 // Work that can wait starts this long after a window has first been painted.
 constexpr int kAfterFirstPaintMs = 100;
+// Work for the window after an end screen: the player reads for a second or
+// more, so it may start as soon as the screen is surely up.
+constexpr int kSoonAfterPaintMs = 20;
 
 // A hidden window made ready to show: its native window, its drawing
 // buffer, and everything its first paint needs.
@@ -58,6 +62,10 @@ AppController::AppController(RandomSource &random, SoundPlayer &sound, Desktop &
             QApplication::setWindowIcon(gameIcon(m_assetDir));
         prepareAhead();
     });
+    m_framesTimer.setSingleShot(true);
+    m_framesTimer.setInterval(kSoonAfterPaintMs);
+    connect(&m_framesTimer, &QTimer::timeout, this,
+            [this] { m_framesAhead = HighScoreWindow::readAnimationsAhead(m_assetDir); });
     m_rememberTimer.setSingleShot(true);
     m_rememberTimer.setInterval(kAfterFirstPaintMs);
     connect(&m_rememberTimer, &QTimer::timeout, this, [this] {
@@ -303,6 +311,9 @@ bool AppController::eventFilter(QObject *watched, QEvent *event)
         // Once this paint has reached the screen: the window system gets it
         // only when the event loop next waits.
         m_prepareTimer.start();
+    } else if (event->type() == QEvent::Paint && qobject_cast<WinScreen *>(watched)) {
+        watched->removeEventFilter(this);
+        m_framesTimer.start();
     }
     return QObject::eventFilter(watched, event);
 }

@@ -14,6 +14,7 @@
 #include <QTimer>
 
 #include <memory>
+#include <vector>
 
 namespace amorra {
 
@@ -21,6 +22,7 @@ namespace amorra {
 void centreOnScreen(QWidget *window);
 
 class Desktop;
+struct LoopFrames;
 class SoundPlayer;
 class TutorialWindow;
 
@@ -105,6 +107,8 @@ private:
     bool m_setupHeld = false; // hidden behind the main screen: loaded, but let go
     QList<QPointer<OkWindow>> m_windows;
     QPointer<TutorialWindow> m_guideAhead; // built ahead for the first activation
+    std::vector<std::shared_ptr<LoopFrames>> m_framesAhead; // the Top 20 window's, read during the win screen
+    QTimer m_framesTimer; // reads them once the win screen is up
     QTimer m_prepareTimer; // builds ahead once the setup screen is on screen
     // The name goes to disk once the main screen is up: the write waits for
     // the disk, which START should not.

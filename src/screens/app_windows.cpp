@@ -118,6 +118,7 @@ void AppController::showWin(const std::string &moneyText, const std::string &day
     auto *win = new WinScreen(qt(game().state().player.player_name), qt(moneyText), qt(daysText), qt(scoreText),
                               m_assetDir);
     connect(win, &OkWindow::finished, this, [this] { onWinOk(game()); });
+    win->installEventFilter(this); // once up, the Top 20 window's pictures are read ahead
     present(win);
     game().play_sound("\\sounds\\kiss.wav", SoundMode::Async);
 }
@@ -134,6 +135,7 @@ void AppController::showHighScores()
 {
     const HighScoreScreenData data = openHighScores(game().state().result, m_scores, kScoresFile);
     auto *table = new HighScoreWindow(data, m_assetDir);
+    m_framesAhead.clear(); // its pictures hold them now
     connect(table, &OkWindow::finished, this, &AppController::giveMainBack);
     present(table);
     if ((data.loadFailed || data.saveFailed) && !m_scoreTroubleTold) {

@@ -15,6 +15,8 @@
 namespace amorra {
 
 namespace {
+const char kCup[] = "champ.gif";
+const char kBanner[] = "champlbl.gif";
 
 constexpr int kColumnTwips[5] = {350, 3100, 1250, 1550, 1250};
 
@@ -137,6 +139,12 @@ QTableWidget *makeGrid(QWidget *parent, const HighScoreScreenData &data)
 
 } // namespace
 
+std::vector<std::shared_ptr<LoopFrames>> HighScoreWindow::readAnimationsAhead(const QString &assetDir)
+{
+    return {readAnimationAhead(assetDir, QString::fromLatin1(kCup)),
+            readAnimationAhead(assetDir, QString::fromLatin1(kBanner))};
+}
+
 HighScoreWindow::HighScoreWindow(const HighScoreScreenData &data, const QString &assetDir, QWidget *parent)
     : OkWindow(parent)
 {
@@ -152,7 +160,7 @@ HighScoreWindow::HighScoreWindow(const HighScoreScreenData &data, const QString 
     title->setFont(arialFont(8.25));
     title->setGeometry(twipsRect(7560, 0, 2055, 255));
 
-    makeAnimation(this, assetDir, QStringLiteral("champ.gif"), QStringLiteral("champ_gif"),
+    makeAnimation(this, assetDir, QString::fromLatin1(kCup), QStringLiteral("champ_gif"),
                   twipsRect(7440, 360, 2145, 2730));
 
     auto *champion = new QLabel(qt(data.champion), this);
@@ -165,7 +173,7 @@ HighScoreWindow::HighScoreWindow(const HighScoreScreenData &data, const QString 
 
     // The banner's box would reach past the window's right edge: it keeps
     // its place, ends at the edge, and the picture shrinks to fit.
-    makeAnimation(this, assetDir, QStringLiteral("champlbl.gif"), QStringLiteral("champlbl_gif"),
+    makeAnimation(this, assetDir, QString::fromLatin1(kBanner), QStringLiteral("champlbl_gif"),
                   twipsRect(7440, 3480, 2400, 630).intersected(rect()));
 
     QPushButton *ok = makeButton(QStringLiteral("OK"), QStringLiteral("Command1"), Ok);

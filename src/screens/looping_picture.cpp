@@ -62,6 +62,19 @@ std::shared_ptr<LoopFrames> openFrames(const QString &path)
     return frames;
 }
 
+// The frames of every file held anywhere: a window that opens finds those
+// read ahead for it, or those another window is showing.
+std::shared_ptr<LoopFrames> sharedFrames(const QString &path)
+{
+    static std::map<QString, std::weak_ptr<LoopFrames>> held;
+    std::shared_ptr<LoopFrames> frames = held[path].lock();
+    if (!frames) {
+        frames = openFrames(path);
+        held[path] = frames;
+    }
+    return frames;
+}
+
 } // namespace
 
 void LoopFrames::readNext()
@@ -116,7 +129,7 @@ public:
     {
         auto &decoded = m_decoded[path];
         if (!decoded)
-            decoded = openFrames(path);
+            decoded = sharedFrames(path);
         return decoded;
     }
 
@@ -189,7 +202,12 @@ LoopingPicture::LoopingPicture(const QString &path, QWidget *parent)
 {
     if (parent)
         m_clock = LoopClock::of(parent->window());
-    m_frames = m_clock ? m_clock->frames(path) : openFrames(path);
+    m_frames = m_clock ? m_clock->frames(path) : sharedFrames(path);
+}
+
+std::shared_ptr<LoopFrames> LoopingPicture::readAhead(const QString &path)
+{
+    return sharedFrames(path);
 }
 
 LoopingPicture::~LoopingPicture()
@@ -258,7 +276,7 @@ void LoopingPicture::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
     if (!m_frames)
-        m_frames = m_clock ? m_clock->frames(m_path) : openFrames(m_path);
+        m_frames = m_clock ? m_clock->frames(m_path) : sharedFrames(m_path);
     QSize picture = m_frames->images.empty() ? QSize() : m_frames->images.front().size();
     // A picture larger than its box shrinks to fit; the box, centred where
     // it was, takes the picture's size: what shows around it is the window's.

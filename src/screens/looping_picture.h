@@ -27,6 +27,10 @@ public:
     LoopingPicture(const QString &path, QWidget *parent = nullptr);
     ~LoopingPicture() override;
 
+    // The first frame of `path` read now, for a window about to open: while
+    // the result is held, a picture of that file starts from it.
+    static std::shared_ptr<LoopFrames> readAhead(const QString &path);
+
     bool isPlaying() const;
 
     // The clock's hand: shows the frame of this moment; false when it was already shown.

@@ -59,14 +59,26 @@ QString herWords(const QString &playerName)
 
 } // namespace
 
+namespace {
+QString animationPath(const QString &assetDir, const QString &file)
+{
+    const QString path = assetDir.isEmpty() ? QString() : QDir(assetDir).filePath(file);
+    return QFileInfo(path).isFile() ? path : QString();
+}
+} // namespace
+
 QWidget *makeAnimation(QWidget *parent, const QString &assetDir, const QString &file, const QString &objectName,
                        const QRect &geometry)
 {
-    const QString path = assetDir.isEmpty() ? QString() : QDir(assetDir).filePath(file);
-    auto *box = new LoopingPicture(QFileInfo(path).isFile() ? path : QString(), parent);
+    auto *box = new LoopingPicture(animationPath(assetDir, file), parent);
     box->setGeometry(geometry);
     nameControl(box, objectName, QStringLiteral("Animation"));
     return box;
+}
+
+std::shared_ptr<LoopFrames> readAnimationAhead(const QString &assetDir, const QString &file)
+{
+    return LoopingPicture::readAhead(animationPath(assetDir, file));
 }
 
 WinScreen::WinScreen(const QString &playerName, const QString &moneyText, const QString &daysText,

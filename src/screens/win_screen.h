@@ -2,7 +2,11 @@
 
 #include "ok_window.h"
 
+#include <memory>
+
 namespace amorra {
+
+struct LoopFrames;
 
 // "Well done! ..." with the kissing couple, her words, and the score, days
 // and money of the moment of the win.
@@ -27,5 +31,8 @@ protected:
 // the file is missing or unreadable.
 QWidget *makeAnimation(QWidget *parent, const QString &assetDir, const QString &file, const QString &objectName,
                        const QRect &geometry);
+// The first frame of such a picture read now; while held, the picture that
+// a window makes of the same file starts from it.
+std::shared_ptr<LoopFrames> readAnimationAhead(const QString &assetDir, const QString &file);
 
 } // namespace amorra

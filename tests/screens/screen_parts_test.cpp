@@ -4,7 +4,9 @@
 #include "screens/looping_picture.h"
 #include "screens/window_system.h"
 
+#include <QFile>
 #include <QScrollBar>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace amorra;
@@ -20,6 +22,7 @@ private Q_SLOTS:
     void listRowsFitBesideTheScrollBarInTheLargestFontTheyNeed();
     void animationsLoopForeverAtTheirFilesPace_data();
     void animationsLoopForeverAtTheirFilesPace();
+    void animationsReadAheadPlayWithoutTheirFile();
     void waylandDesktopsKeepFramesWithoutGl_data();
     void waylandDesktopsKeepFramesWithoutGl();
 };
@@ -116,6 +119,27 @@ void ScreenPartsTest::animationsLoopForeverAtTheirFilesPace()
                  qPrintable(QStringLiteral("at %1 ms, next change %2").arg(now).arg(picture.nextChangeMs())));
     }
     QCOMPARE(changes, 3 * frames - 1);
+}
+
+// The Top 20 window opens on frames read while the win screen was up; once
+// nothing holds them they are let go, not kept for the rest of the game.
+void ScreenPartsTest::animationsReadAheadPlayWithoutTheirFile()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("champ.gif"));
+    QVERIFY(QFile::copy(QStringLiteral(AMORRA_TEST_ASSETS "/champ.gif"), path));
+    auto ahead = LoopingPicture::readAhead(path);
+    QVERIFY(QFile::remove(path));
+    {
+        LoopingPicture picture(path);
+        picture.advanceTo(0);
+        QVERIFY(picture.isPlaying());
+        QCOMPARE(picture.nextChangeMs(), 150);
+    }
+    ahead.reset();
+    LoopingPicture gone(path);
+    gone.advanceTo(0);
+    QVERIFY(!gone.isPlaying());
 }
 
 void ScreenPartsTest::waylandDesktopsKeepFramesWithoutGl_data()
