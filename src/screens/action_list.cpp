@@ -1,12 +1,13 @@
 #include "action_list.h"
 
+#include "widget_helpers.h"
+
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
-#include <cmath>
 
 namespace amorra {
 
@@ -243,23 +244,12 @@ void ActionList::refit()
     // below it at which a wider stand-in font keeps the longest row clear of
     // the scroll bar.
     const int room = width() - 2 * frameWidth() - style()->pixelMetric(QStyle::PM_ScrollBarExtent) - 2 * kTextMargin;
-    double tooLarge = 0;
-    while (widestRow() > room && font().pointSizeF() > kSmallestPoints) {
-        // Text grows nearly in step with its font: one guess at the size,
-        // then a quarter point at a time should the guess still be too wide.
-        tooLarge = font().pointSizeF();
-        const double guess = std::floor(tooLarge * room / widestRow() * 4) / 4;
-        layOutAt(std::clamp(guess, kSmallestPoints, tooLarge - 0.25));
-    }
-    // The guess errs small, by the font's rounding: up again while it fits.
-    while (tooLarge > 0 && font().pointSizeF() + 0.25 < tooLarge) {
-        const double fits = font().pointSizeF();
-        layOutAt(fits + 0.25);
-        if (widestRow() > room) {
-            layOutAt(fits);
-            break;
-        }
-    }
+    const double fits = fittingPoints(font().pointSizeF(), widestRow(), room, kSmallestPoints, [this](double points) {
+        layOutAt(points);
+        return widestRow();
+    });
+    if (font().pointSizeF() != fits)
+        layOutAt(fits);
 }
 
 void ActionList::layOutAt(double points)

@@ -62,8 +62,9 @@ std::shared_ptr<LoopFrames> openFrames(const QString &path)
     return frames;
 }
 
-// The frames of every file held anywhere: a window that opens finds those
-// read ahead for it, or those another window is showing.
+// The frames of every file held anywhere, let go once no picture or reader
+// ahead holds them: pictures of one file (the win screen's two hearts) share
+// them, and a window that opens finds those read ahead for it.
 std::shared_ptr<LoopFrames> sharedFrames(const QString &path)
 {
     static std::map<QString, std::weak_ptr<LoopFrames>> held;
@@ -124,15 +125,6 @@ public:
         return clock ? clock : new LoopClock(window);
     }
 
-    // Pictures of the same file (the win screen's two hearts) share its frames.
-    std::shared_ptr<LoopFrames> frames(const QString &path)
-    {
-        auto &decoded = m_decoded[path];
-        if (!decoded)
-            decoded = sharedFrames(path);
-        return decoded;
-    }
-
     qint64 now() const { return m_time.elapsed(); }
 
     // The start time a newly shown picture takes: the same as a picture
@@ -154,9 +146,6 @@ public:
     void remove(LoopingPicture *picture)
     {
         m_pictures.erase(std::remove(m_pictures.begin(), m_pictures.end(), picture), m_pictures.end());
-        // Frames no picture holds any more are let go.
-        for (auto it = m_decoded.begin(); it != m_decoded.end();)
-            it = it->second.use_count() == 1 ? m_decoded.erase(it) : std::next(it);
         schedule();
     }
 
@@ -192,7 +181,6 @@ private:
     QTimer m_timer;
     qint64 m_lastStart = -kSameStartMs;
     std::vector<LoopingPicture *> m_pictures;
-    std::map<QString, std::shared_ptr<LoopFrames>> m_decoded;
 };
 
 LoopingPicture::LoopingPicture(const QString &path, QWidget *parent)
@@ -202,7 +190,7 @@ LoopingPicture::LoopingPicture(const QString &path, QWidget *parent)
 {
     if (parent)
         m_clock = LoopClock::of(parent->window());
-    m_frames = m_clock ? m_clock->frames(path) : sharedFrames(path);
+    m_frames = sharedFrames(path);
 }
 
 std::shared_ptr<LoopFrames> LoopingPicture::readAhead(const QString &path)
@@ -276,7 +264,7 @@ void LoopingPicture::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
     if (!m_frames)
-        m_frames = m_clock ? m_clock->frames(m_path) : sharedFrames(m_path);
+        m_frames = sharedFrames(m_path);
     QSize picture = m_frames->images.empty() ? QSize() : m_frames->images.front().size();
     // A picture larger than its box shrinks to fit; the box, centred where
     // it was, takes the picture's size: what shows around it is the window's.

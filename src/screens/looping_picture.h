@@ -14,9 +14,10 @@ struct LoopFrames;
 
 // A looping animated picture (the end screens' and the Top 20 window's GIFs).
 // Its frames are decoded once, as each first falls due, kept in their own
-// 8-bit colours and shared by the pictures of the same file in a window; a
-// frame that looks like the one before only lengthens that one. All pictures on screen share one clock, so the program
-// wakes only when some picture changes, and then repaints only that picture.
+// 8-bit colours and shared by the pictures of the same file; a frame that
+// looks like the one before only lengthens that one. All pictures on screen
+// share one clock, so the program wakes only when some picture changes, and
+// then repaints only that picture.
 // A hidden picture lets its frames go.
 class LoopingPicture : public QWidget
 {

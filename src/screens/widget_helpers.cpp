@@ -117,33 +117,36 @@ bool surelyFits(const QFont &font, const QString &text, int width)
 
 } // namespace
 
+double fittingPoints(double points, int widthNow, int room, double smallest,
+                     const std::function<int(double points)> &widthAt)
+{
+    // Text widens nearly in step with its font: one guess at the size, then
+    // a quarter point at a time, down while too wide, and up again while the
+    // next still fits, as the guess errs small by the font's rounding. Each
+    // size tried costs a font of its own, kept for the whole run, so the
+    // guess comes first.
+    double tooLarge = 0;
+    while (widthNow > room && points > smallest) {
+        tooLarge = points;
+        points = std::clamp(std::floor(tooLarge * room / widthNow * 4) / 4, smallest, tooLarge - 0.25);
+        widthNow = widthAt(points);
+    }
+    while (tooLarge > 0 && points + 0.25 < tooLarge && widthAt(points + 0.25) <= room)
+        points += 0.25;
+    return points;
+}
+
 QFont fittedFont(const QFont &font, const QString &text, int width)
 {
     if (surelyFits(font, text, width))
         return font;
     QFont fitted = font;
-    const auto advanceAt = [&fitted, &text](double points) {
+    const auto widthAt = [&fitted, &text](double points) {
         fitted.setPointSizeF(points);
         return QFontMetrics(fitted).horizontalAdvance(text);
     };
-    // Text widens nearly in step with its font: one guess at the size, then
-    // a quarter point at a time, down while too wide, up while the next
-    // still fits. Each size tried costs a font of its own, kept for the
-    // whole run, so the guess comes first.
-    double tooLarge = 0;
-    int advance = QFontMetrics(fitted).horizontalAdvance(text);
-    while (advance > width && fitted.pointSizeF() > kSmallestPoints) {
-        tooLarge = fitted.pointSizeF();
-        const double guess = std::floor(tooLarge * width / advance * 4) / 4;
-        advance = advanceAt(std::clamp(guess, kSmallestPoints, tooLarge - 0.25));
-    }
-    while (tooLarge > 0 && fitted.pointSizeF() + 0.25 < tooLarge) {
-        const double fits = fitted.pointSizeF();
-        if (advanceAt(fits + 0.25) > width) {
-            fitted.setPointSizeF(fits);
-            break;
-        }
-    }
+    fitted.setPointSizeF(fittingPoints(font.pointSizeF(), QFontMetrics(font).horizontalAdvance(text), width,
+                                       kSmallestPoints, widthAt));
     return fitted;
 }
 

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 class QAbstractButton;
 class QColor;
 class QFont;
@@ -65,6 +67,12 @@ inline QString gameTitle()
 // maximise or fullscreen is undone, since the game's windows are drawn to
 // their design's size. Call before the window is shown.
 void keepWindowSize(QWidget *window);
+
+// The largest quarter-point size, at most `points` (where the text is
+// `widthNow` wide) and never below `smallest`, at which `widthAt` gives at
+// most `room` pixels.
+double fittingPoints(double points, int widthNow, int room, double smallest,
+                     const std::function<int(double points)> &widthAt);
 
 // The largest point size, at most the font's own, at which `text` fits
 // `width` pixels on one line (never below 4 pt).

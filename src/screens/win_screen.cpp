@@ -57,14 +57,12 @@ QString herWords(const QString &playerName)
     return QStringLiteral("OHH ... ") + playerName + QStringLiteral(" I Love you!!!");
 }
 
-} // namespace
-
-namespace {
 QString animationPath(const QString &assetDir, const QString &file)
 {
     const QString path = assetDir.isEmpty() ? QString() : QDir(assetDir).filePath(file);
     return QFileInfo(path).isFile() ? path : QString();
 }
+
 } // namespace
 
 QWidget *makeAnimation(QWidget *parent, const QString &assetDir, const QString &file, const QString &objectName,
