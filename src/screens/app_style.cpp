@@ -9,6 +9,8 @@
 #include <QStyleOption>
 #include <QVariant>
 
+#include <algorithm>
+
 namespace amorra {
 
 namespace {
@@ -55,6 +57,28 @@ private:
     QColor m_colour;
 };
 
+// A rectangle whose corners are cut in steps of one pixel, `cut` deep, in
+// plain fills. Round corners drawn antialiased cost a path each through the
+// rasterizer, most of the time the setup screen takes to draw; at two or
+// three pixels the steps look the same.
+void fillCutRect(QPainter *painter, const QRect &rect, int cut, const QColor &colour)
+{
+    cut = std::min({cut, rect.width() / 2, rect.height() / 2});
+    for (int row = 0; row < cut; ++row) {
+        const int inset = cut - row;
+        painter->fillRect(rect.left() + inset, rect.top() + row, rect.width() - 2 * inset, 1, colour);
+        painter->fillRect(rect.left() + inset, rect.bottom() - row, rect.width() - 2 * inset, 1, colour);
+    }
+    painter->fillRect(rect.adjusted(0, cut, 0, -cut), colour);
+}
+
+// An outlined box with its corners cut `cut` deep: the outline one pixel wide.
+void drawCutBox(QPainter *painter, const QRect &rect, int cut, const QColor &edge, const QColor &inside)
+{
+    fillCutRect(painter, rect, cut, edge);
+    fillCutRect(painter, rect.adjusted(1, 1, -1, -1), cut - 1, inside);
+}
+
 } // namespace
 
 AppStyle::AppStyle()
@@ -71,18 +95,11 @@ void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *optio
         const auto *box = qobject_cast<const QGroupBox *>(widget);
         const bool bare = box && !box->isCheckable() && box->title().isEmpty();
         const int top = (bare ? 0 : qMax(pixelMetric(PM_ExclusiveIndicatorHeight), option->fontMetrics.height())) + 3;
-        const QRectF frame = QRectF(option->rect.adjusted(1, top + 1, 0, 0));
+        const QRect frame = option->rect.adjusted(1, top + 1, 0, 0);
         const QColor window = option->palette.color(QPalette::Window);
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(window.darker(111));
-        painter->drawRoundedRect(frame, 2, 2);
-        painter->setBrush(window.darker(103));
-        painter->drawRoundedRect(frame.adjusted(1, 1, -1, -1), 1.5, 1.5);
-        painter->setBrush(window.darker(101));
-        painter->drawRoundedRect(frame.adjusted(2, 2, -2, -2), 1, 1);
-        painter->restore();
+        fillCutRect(painter, frame, 1, window.darker(111));
+        fillCutRect(painter, frame.adjusted(1, 1, -1, -1), 1, window.darker(103));
+        painter->fillRect(frame.adjusted(2, 2, -2, -2), window.darker(101));
         return;
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -96,41 +113,27 @@ void AppStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
         QProxyStyle::drawComplexControl(control, option, painter, widget);
         return;
     }
-    // Fusion's slider, flat: a rounded groove filled up to the handle in the
-    // highlight colour, a light rounded handle, ticks below.
+    // Fusion's slider, flat: a groove filled up to the handle in the
+    // highlight colour, a light handle, ticks below.
     const QPalette &pal = slider->palette;
     const QColor outline = pal.color(QPalette::Window).darker(140);
     const QColor fill = pal.color(QPalette::Highlight);
     const QRect groove = subControlRect(CC_Slider, slider, SC_SliderGroove, widget);
     const QRect handle = subControlRect(CC_Slider, slider, SC_SliderHandle, widget);
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    const QRectF bar(groove.left() + 0.5, groove.center().y() - 1.5, groove.width() - 1.0, 4.0);
-    painter->setPen(outline);
-    painter->setBrush(pal.color(QPalette::Button).darker(105));
-    painter->drawRoundedRect(bar, 2, 2);
-    const bool filled = slider->sliderPosition > slider->minimum;
-    if (filled) {
-        painter->setPen(fill.darker(130));
-        painter->setBrush(fill);
-        painter->drawRoundedRect(QRectF(bar.left(), bar.top(), handle.center().x() - bar.left(), bar.height()), 2, 2);
-    }
+    const QRect bar(groove.left(), groove.center().y() - 2, groove.width(), 5);
+    drawCutBox(painter, bar, 1, outline, pal.color(QPalette::Button).darker(105));
+    if (slider->sliderPosition > slider->minimum)
+        drawCutBox(painter, bar.adjusted(0, 0, handle.center().x() - bar.right(), 0), 1, fill.darker(130), fill);
     if (slider->tickPosition & QSlider::TicksBelow && slider->tickInterval > 0) {
-        painter->setRenderHint(QPainter::Antialiasing, false);
-        painter->setPen(fill.darker(130));
         const int length = handle.width();
         for (int v = slider->minimum; v <= slider->maximum; v += slider->tickInterval) {
             const int x = groove.left() + length / 2
                           + sliderPositionFromValue(slider->minimum, slider->maximum, v, groove.width() - length);
-            painter->drawLine(x, slider->rect.bottom() - 3, x, slider->rect.bottom() - 1);
+            painter->fillRect(x, slider->rect.bottom() - 3, 1, 3, fill.darker(130));
         }
-        painter->setRenderHint(QPainter::Antialiasing);
     }
     const bool focused = slider->state & State_HasFocus;
-    painter->setPen(focused ? fill.darker(110) : outline);
-    painter->setBrush(pal.color(QPalette::Button).lighter(108));
-    painter->drawRoundedRect(QRectF(handle).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
-    painter->restore();
+    drawCutBox(painter, handle, 2, focused ? fill.darker(110) : outline, pal.color(QPalette::Button).lighter(108));
 }
 
 QIcon AppStyle::standardIcon(StandardPixmap icon, const QStyleOption *option, const QWidget *widget) const

@@ -28,12 +28,12 @@ SetupScreen::SetupScreen(const QString &lastName, const QString &assetDir, QWidg
 
     auto *banner = new QLabel(this);
     nameControl(banner, QStringLiteral("Image1"), QStringLiteral("Amorra"));
-    banner->setPixmap(loadPicture(assetDir, QStringLiteral("pictures/setup_banner.png")));
+    banner->setPixmap(loadPicture(assetDir, QStringLiteral("pictures/setup_banner.argb")));
     banner->setGeometry(60, 8, 360, 64);
 
     auto *side = new QLabel(this);
     nameControl(side, QStringLiteral("Image2"), QStringLiteral("Picture"));
-    side->setPixmap(loadPicture(assetDir, QStringLiteral("pictures/setup_side.png")));
+    side->setPixmap(loadPicture(assetDir, QStringLiteral("pictures/setup_side.argb")));
     side->setGeometry(8, 84, 96, 160);
 
     auto *nameFrame = new QGroupBox(QStringLiteral("Please enter your name"), this);

@@ -1,11 +1,14 @@
 #include "widget_helpers.h"
 
+#include "core/data_files.h"
+
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QCheckBox>
 #include <QDir>
 #include <QEvent>
+#include <QFile>
 #include <QFileInfo>
 #include <QFont>
 #include <QFontDatabase>
@@ -18,9 +21,14 @@
 #include <QPalette>
 #include <QVariant>
 #include <QWidget>
+#include <QtEndian>
+
+#include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
+#include <cstring>
 
 namespace amorra {
 
@@ -197,19 +205,67 @@ void clickOnEnter(QAbstractButton *button)
     button->installEventFilter(new EnterClicks(button));
 }
 
+QImage readPixels(const QString &path)
+{
+    constexpr quint32 kLargest = 1024;
+    const auto readExactly = [](int fd, void *to, size_t size) {
+        auto *at = static_cast<char *>(to);
+        while (size > 0) {
+            const ssize_t n = ::read(fd, at, size);
+            if (n < 0 && errno == EINTR)
+                continue;
+            if (n <= 0)
+                return false;
+            at += n;
+            size -= size_t(n);
+        }
+        return true;
+    };
+    const int fd = openPlayerFile(QFile::encodeName(path).toStdString());
+    if (fd < 0)
+        return QImage();
+    QImage image;
+    uchar header[12];
+    if (readExactly(fd, header, sizeof header) && std::memcmp(header, "ARGB", 4) == 0) {
+        const quint32 width = qFromLittleEndian<quint32>(header + 4);
+        const quint32 height = qFromLittleEndian<quint32>(header + 8);
+        if (width > 0 && height > 0 && width <= kLargest && height <= kLargest) {
+            // Rows of 32-bit pixels need no padding: the file's rows are the image's.
+            image = QImage(int(width), int(height), QImage::Format_ARGB32_Premultiplied);
+            char more = 0;
+            if (image.isNull() || !readExactly(fd, image.bits(), size_t(image.sizeInBytes()))
+                || readExactly(fd, &more, 1))
+                image = QImage();
+        }
+    }
+    ::close(fd);
+    if constexpr (QSysInfo::ByteOrder == QSysInfo::BigEndian)
+        if (!image.isNull())
+            qFromLittleEndian<quint32>(image.bits(), image.sizeInBytes() / 4, image.bits());
+    return image;
+}
+
 QPixmap loadPicture(const QString &assetDir, const QString &name)
 {
     if (assetDir.isEmpty())
         return QPixmap();
-    // The format comes from the name (PNG or BMP, both built into Qt), not
-    // from guessing: guessing makes Qt load and ask every image plugin.
+    // The format comes from the name (PNG or BMP, both built into Qt, or our
+    // own pixels), not from guessing: guessing makes Qt load and ask every
+    // image plugin.
     auto read = [&assetDir](const QString &file) {
-        QImageReader reader(QDir(assetDir).filePath(file), QFileInfo(file).suffix().toLower().toLatin1());
+        const QString suffix = QFileInfo(file).suffix().toLower();
+        if (suffix == QLatin1String("argb"))
+            return readPixels(QDir(assetDir).filePath(file));
+        QImageReader reader(QDir(assetDir).filePath(file), suffix.toLatin1());
         reader.setAutoDetectImageFormat(false);
         return reader.read();
     };
     // At 200% and more, the picture drawn twice as large, so that it stays sharp.
-    const QString twice = QStringLiteral("pictures/%1@2x.png").arg(QFileInfo(name).completeBaseName());
+    // PNG, whatever the picture is (her portraits are BMP), unless it is stored as its pixels.
+    const QFileInfo named(name);
+    const QString twice = QStringLiteral("pictures/%1@2x.%2")
+                              .arg(named.completeBaseName(),
+                                   named.suffix() == QLatin1String("argb") ? named.suffix() : QStringLiteral("png"));
     if (qGuiApp && qGuiApp->devicePixelRatio() > 1.5 && QFileInfo::exists(QDir(assetDir).filePath(twice))) {
         QImage sharp = read(twice);
         if (!sharp.isNull()) {

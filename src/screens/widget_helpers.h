@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QPixmap>
 #include <QRect>
 #include <QString>
@@ -44,8 +45,17 @@ void clickOnEnter(QAbstractButton *button);
 
 // A picture from the game's folder; a null pixmap when it is missing or
 // unreadable, so the box that shows it simply stays empty. On screens of two
-// device pixels to a pixel, its twice as large pictures/NAME@2x.png if any.
+// device pixels to a pixel, its twice as large pictures/NAME@2x.png if any
+// (NAME@2x.argb for a picture stored as its pixels).
 QPixmap loadPicture(const QString &assetDir, const QString &name);
+
+// A picture stored as its pixels (NAME.argb, made by
+// tools/assets/raw_picture.py): "ARGB", width and height, then the rows of
+// premultiplied 0xAARRGGBB words, every number 32 bits little-endian. It is
+// copied as it is into the form Qt draws from, where a PNG costs two
+// checksums and two conversions a pixel. A null image for anything else,
+// a file of other length or larger than 1024 pixels a side included.
+QImage readPixels(const QString &path);
 
 // The game's icon in the sizes window managers use, from our own pictures
 // rather than the icon theme's SVG: reading SVG would load Qt's SVG module.

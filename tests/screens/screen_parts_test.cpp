@@ -1,13 +1,17 @@
 // The screens' plain parts: the action list's columns, the animations' loops,
-// the window system chosen.
+// pictures stored as their pixels, the window system chosen.
 #include "screens/action_list.h"
 #include "screens/looping_picture.h"
+#include "screens/widget_helpers.h"
 #include "screens/window_system.h"
 
 #include <QFile>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QtEndian>
+
+#include <sys/stat.h>
 
 using namespace amorra;
 
@@ -23,6 +27,8 @@ private Q_SLOTS:
     void animationsLoopForeverAtTheirFilesPace_data();
     void animationsLoopForeverAtTheirFilesPace();
     void animationsReadAheadPlayWithoutTheirFile();
+    void picturesStoredAsPixelsAreReadOnlyWhole_data();
+    void picturesStoredAsPixelsAreReadOnlyWhole();
     void waylandDesktopsKeepFramesWithoutGl_data();
     void waylandDesktopsKeepFramesWithoutGl();
 };
@@ -140,6 +146,57 @@ void ScreenPartsTest::animationsReadAheadPlayWithoutTheirFile()
     LoopingPicture gone(path);
     gone.advanceTo(0);
     QVERIFY(!gone.isPlaying());
+}
+
+namespace {
+QByteArray pixelFile(quint32 width, quint32 height, const QList<quint32> &pixels, const char *magic = "ARGB")
+{
+    QByteArray bytes(magic, 4);
+    for (const quint32 word : QList<quint32>{width, height} + pixels) {
+        char le[4];
+        qToLittleEndian(word, le);
+        bytes.append(le, 4);
+    }
+    return bytes;
+}
+} // namespace
+
+void ScreenPartsTest::picturesStoredAsPixelsAreReadOnlyWhole_data()
+{
+    QTest::addColumn<QByteArray>("bytes"); // "fifo": a FIFO stands there
+    QTest::addColumn<QSize>("size");       // 0 x 0: no picture
+
+    const QList<quint32> two{0x80402010, 0xff00ff00};
+    QTest::newRow("whole: pixels as stored") << pixelFile(2, 1, two) << QSize(2, 1);
+    QTest::newRow("a pixel short") << pixelFile(2, 1, two).chopped(1) << QSize(0, 0);
+    QTest::newRow("a byte too many") << pixelFile(2, 1, two) + '\0' << QSize(0, 0);
+    QTest::newRow("another kind of file") << pixelFile(2, 1, two, "\x89PNG") << QSize(0, 0);
+    QTest::newRow("header cut short") << pixelFile(2, 1, {}).left(9) << QSize(0, 0);
+    QTest::newRow("no pixels at all") << pixelFile(0, 0, {}) << QSize(0, 0);
+    QTest::newRow("wider than any picture of ours") << pixelFile(1025, 1, QList<quint32>(1025, 0)) << QSize(0, 0);
+    QTest::newRow("sizes that overflow") << pixelFile(0xffffffff, 0xffffffff, two) << QSize(0, 0);
+    QTest::newRow("a FIFO where the file belongs") << QByteArray("fifo") << QSize(0, 0);
+}
+
+void ScreenPartsTest::picturesStoredAsPixelsAreReadOnlyWhole()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QSize, size);
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("picture.argb"));
+    if (bytes == "fifo")
+        QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    else {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+    const QImage image = readPixels(path);
+    QCOMPARE(image.size(), size);
+    if (!size.isEmpty()) { // premultiplied as stored, nothing converted on the way
+        QCOMPARE(image.format(), QImage::Format_ARGB32_Premultiplied);
+        QCOMPARE(image.pixel(0, 0), 0x80402010u);
+        QCOMPARE(image.pixel(1, 0), 0xff00ff00u);
+    }
 }
 
 void ScreenPartsTest::waylandDesktopsKeepFramesWithoutGl_data()

@@ -113,6 +113,18 @@ def read_png(path):
     return rows
 
 
+def read_argb(path):
+    """Rows of premultiplied (r, g, b, a) from a picture stored as its pixels."""
+    b = open(path, "rb").read()
+    if b[:4] != b"ARGB" or len(b) < 12:
+        raise ValueError("not a picture stored as its pixels")
+    w, h = struct.unpack("<II", b[4:12])
+    if len(b) != 12 + 4 * w * h:
+        raise ValueError(f"{len(b)} bytes where {w}x{h} pixels take {12 + 4 * w * h}")
+    words = struct.unpack(f"<{w * h}I", b[12:])
+    return [[(p >> 16 & 255, p >> 8 & 255, p & 255, p >> 24) for p in words[y * w:(y + 1) * w]] for y in range(h)]
+
+
 def mean_difference(a, b):
     total = sum(abs(p - q) for ra, rb in zip(a, b) for pa, pb in zip(ra, rb) for p, q in zip(pa[:3], pb[:3]))
     return total / (len(a) * len(a[0]) * 3)
@@ -149,7 +161,7 @@ def check_pictures(assets):
     pictures = {}
     for path in files:
         try:
-            pictures[os.path.basename(path)] = read_png(path)
+            pictures[os.path.basename(path)] = (read_argb if path.endswith(".argb") else read_png)(path)
             check_picture(path, pictures[os.path.basename(path)])
         except (OSError, ValueError) as e:
             fault(path, str(e))

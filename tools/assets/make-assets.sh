@@ -64,8 +64,8 @@ pictures() {
         png "$work/girl$i@2x-flat.png" "$out/pictures/girl$i@2x.png"
     done
 
-    # the still pictures; the setup screen's are stored uncompressed, as
-    # they are read on the way to the game's first window
+    # the still pictures; the setup screen's are stored as their pixels
+    # (NAME.argb), as they are read on the way to the game's first window
     python3 "$here/art/pictures.py" "$work/stills"
     while read -r name w h; do
         rsvg-convert -w "$w" -h "$h" "$work/stills/$name.svg" -o "$work/$name.png"
@@ -73,7 +73,7 @@ pictures() {
         rsvg-convert -w "$((w * 2))" -h "$((h * 2))" "$work/stills/$name.svg" -o "$work/$name@2x.png"
         png "$work/$name@2x.png" "$out/pictures/$name@2x.png"
         case $name in
-            setup_*) python3 "$here/store_png.py" "$out/pictures/$name.png" "$out/pictures/$name@2x.png" ;;
+            setup_*) python3 "$here/raw_picture.py" "$out/pictures/$name.png" "$out/pictures/$name@2x.png" ;;
         esac
     done < "$work/stills/stills.txt"
 

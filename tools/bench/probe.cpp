@@ -28,6 +28,7 @@
 #include <valgrind/callgrind.h>
 #endif
 
+#include <malloc.h>
 #include <sys/random.h>
 #include <unistd.h>
 
@@ -272,7 +273,10 @@ private:
         m_lines.push_back("games=" + std::to_string(m_games));
         m_lines.push_back("clicks=" + std::to_string(m_clicks));
         m_lines.push_back("plugins_end=" + pluginsLoaded());
-        // Where the memory is, mapping by mapping, for a closer look.
+        // Where the memory is, mapping by mapping, for a closer look; and
+        // how much of the heap is in use ($AMORRA_PROBE_MALLOC, on stderr).
+        if (std::getenv("AMORRA_PROBE_MALLOC"))
+            malloc_stats();
         if (const char *smaps = std::getenv("AMORRA_PROBE_SMAPS")) {
             std::ifstream in("/proc/self/smaps");
             std::ofstream(smaps) << in.rdbuf();

@@ -1,12 +1,18 @@
 #!/usr/bin/env python3
-"""Rewrites 8-bit RGB or RGBA PNGs with their pixels stored, not compressed.
+"""Turns 8-bit RGB or RGBA PNGs into pictures stored as their pixels (NAME.argb).
 
-The setup screen's pictures are read on the way to the game's first window:
-stored rows (no filter, zlib level 0) decode in a third of the time of
-compressed ones, for some 100 KB more on disk. Pixels stay exactly as they were.
+The setup screen's pictures are read on the way to the game's first window.
+A PNG, even one stored uncompressed, costs two checksums and two conversions
+a pixel there; these are copied into memory as they are, in the form Qt draws
+from. The PNG is removed.
 
-Usage: store_png.py FILE.png [FILE.png ...]   (rewritten in place)
+NAME.argb: "ARGB", then width and height, then the rows top to bottom, each
+pixel a premultiplied 0xAARRGGBB word; every number 32 bits, little-endian.
+Premultiplied as Qt does it, so that the pixels are the ones a PNG gave.
+
+Usage: raw_picture.py FILE.png [FILE.png ...]
 """
+import os
 import struct
 import sys
 import zlib
@@ -39,11 +45,12 @@ def unfiltered_rows(raw, height, stride, n):
         prev = line
 
 
-def chunk(kind, body):
-    return struct.pack(">I", len(body)) + kind + body + struct.pack(">I", zlib.crc32(kind + body) & 0xFFFFFFFF)
+def premultiplied(channel, alpha):
+    t = channel * alpha + 0x80
+    return (t + (t >> 8)) >> 8
 
 
-def store(path):
+def convert(path):
     with open(path, "rb") as f:
         data = f.read()
     if not data.startswith(SIGNATURE):
@@ -58,12 +65,17 @@ def store(path):
     if depth != 8 or colour not in (2, 6) or interlace:
         raise ValueError(f"{path}: only 8-bit RGB or RGBA without interlacing")
     n = 4 if colour == 6 else 3
-    rows = unfiltered_rows(zlib.decompress(idat), height, width * n, n)
-    raw = b"".join(b"\0" + row for row in rows)
-    with open(path, "wb") as f:
-        f.write(SIGNATURE + chunk(b"IHDR", header) + chunk(b"IDAT", zlib.compress(raw, 0)) + chunk(b"IEND", b""))
+    out = bytearray(b"ARGB" + struct.pack("<II", width, height))
+    for row in unfiltered_rows(zlib.decompress(idat), height, width * n, n):
+        for x in range(width):
+            r, g, b = row[x * n:x * n + 3]
+            a = row[x * n + 3] if n == 4 else 255
+            out += struct.pack("<I", a << 24 | premultiplied(r, a) << 16 | premultiplied(g, a) << 8 | premultiplied(b, a))
+    with open(path[:-len(".png")] + ".argb", "wb") as f:
+        f.write(out)
+    os.remove(path)
 
 
 if __name__ == "__main__":
     for name in sys.argv[1:]:
-        store(name)
+        convert(name)
