@@ -72,6 +72,15 @@ void fillCutRect(QPainter *painter, const QRect &rect, int cut, const QColor &co
     painter->fillRect(rect.adjusted(0, cut, 0, -cut), colour);
 }
 
+// A one-pixel outline of a rectangle, its corner pixels left out.
+void outlineCutRect(QPainter *painter, const QRect &rect, const QColor &colour)
+{
+    painter->fillRect(rect.left() + 1, rect.top(), rect.width() - 2, 1, colour);
+    painter->fillRect(rect.left() + 1, rect.bottom(), rect.width() - 2, 1, colour);
+    painter->fillRect(rect.left(), rect.top() + 1, 1, rect.height() - 2, colour);
+    painter->fillRect(rect.right(), rect.top() + 1, 1, rect.height() - 2, colour);
+}
+
 // An outlined box with its corners cut `cut` deep: the outline one pixel wide.
 void drawCutBox(QPainter *painter, const QRect &rect, int cut, const QColor &edge, const QColor &inside)
 {
@@ -100,6 +109,24 @@ void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *optio
         fillCutRect(painter, frame, 1, window.darker(111));
         fillCutRect(painter, frame.adjusted(1, 1, -1, -1), 1, window.darker(103));
         painter->fillRect(frame.adjusted(2, 2, -2, -2), window.darker(101));
+        return;
+    }
+    if (element == PE_FrameLineEdit && m_fusion) {
+        // Fusion's frame: an outline, in a darker highlight with a faint
+        // ring inside while the field has the keyboard, and a shadow under
+        // its top edge.
+        QColor focusOutline = option->palette.color(QPalette::Highlight).darker(125);
+        if (focusOutline.value() > 160)
+            focusOutline.setHsl(focusOutline.hue(), focusOutline.saturation(), 160);
+        const bool focused = option->state & State_HasFocus;
+        const QRect &r = option->rect;
+        outlineCutRect(painter, r, focused ? focusOutline : option->palette.color(QPalette::Window).darker(140));
+        if (focused) {
+            QColor ring = focusOutline;
+            ring.setAlpha(40);
+            outlineCutRect(painter, r.adjusted(1, 1, -1, -1), ring);
+        }
+        painter->fillRect(r.left() + 2, r.top() + 1, r.width() - 4, 1, QColor(0, 0, 0, 18));
         return;
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
