@@ -63,7 +63,7 @@ private:
 // three pixels the steps look the same.
 void fillCutRect(QPainter *painter, const QRect &rect, int cut, const QColor &colour)
 {
-    cut = std::min({cut, rect.width() / 2, rect.height() / 2});
+    cut = std::max(0, std::min({cut, rect.width() / 2, rect.height() / 2}));
     for (int row = 0; row < cut; ++row) {
         const int inset = cut - row;
         painter->fillRect(rect.left() + inset, rect.top() + row, rect.width() - 2 * inset, 1, colour);
