@@ -57,17 +57,21 @@ private:
     QColor m_colour;
 };
 
-// A rectangle whose corners are cut in steps of one pixel, `cut` deep, in
-// plain fills. Round corners drawn antialiased cost a path each through the
-// rasterizer, most of the time the setup screen takes to draw; at two or
-// three pixels the steps look the same.
+// A rectangle whose corners are cut `cut` deep in steps of one screen pixel
+// (two a pixel at 200%), in plain fills. Round corners drawn antialiased cost
+// a path each through the rasterizer, most of the time the setup screen
+// takes to draw; at two or three pixels the steps look the same.
 void fillCutRect(QPainter *painter, const QRect &rect, int cut, const QColor &colour)
 {
     cut = std::max(0, std::min({cut, rect.width() / 2, rect.height() / 2}));
-    for (int row = 0; row < cut; ++row) {
-        const int inset = cut - row;
-        painter->fillRect(rect.left() + inset, rect.top() + row, rect.width() - 2 * inset, 1, colour);
-        painter->fillRect(rect.left() + inset, rect.bottom() - row, rect.width() - 2 * inset, 1, colour);
+    const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
+    const int steps = qRound(cut * ratio);
+    const QRectF whole(rect);
+    for (int step = 0; step < steps; ++step) {
+        const qreal inset = (steps - step) / ratio, row = step / ratio, height = 1 / ratio;
+        painter->fillRect(QRectF(whole.left() + inset, whole.top() + row, whole.width() - 2 * inset, height), colour);
+        painter->fillRect(QRectF(whole.left() + inset, whole.bottom() - row - height, whole.width() - 2 * inset, height),
+                          colour);
     }
     painter->fillRect(rect.adjusted(0, cut, 0, -cut), colour);
 }
