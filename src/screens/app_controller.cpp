@@ -66,9 +66,9 @@ AppController::AppController(RandomSource &random, SoundPlayer &sound, Desktop &
     m_framesTimer.setInterval(kSoonAfterPaintMs);
     connect(&m_framesTimer, &QTimer::timeout, this,
             [this] { m_framesAhead = HighScoreWindow::readAnimationsAhead(m_assetDir); });
-    m_rememberTimer.setSingleShot(true);
-    m_rememberTimer.setInterval(kAfterFirstPaintMs);
-    connect(&m_rememberTimer, &QTimer::timeout, this, [this] {
+    m_afterStartTimer.setSingleShot(true);
+    m_afterStartTimer.setInterval(kAfterFirstPaintMs);
+    connect(&m_afterStartTimer, &QTimer::timeout, this, [this] {
         rememberName(true);
         WinScreen::drawTextsAhead(QString::fromStdString(game().state().player.player_name));
     });
@@ -173,12 +173,12 @@ void AppController::startPressed()
     m_setupHeld = true;
     openMain();
     m_nameToRemember = name;
-    m_rememberTimer.start();
+    m_afterStartTimer.start();
 }
 
 void AppController::rememberName(bool tellTrouble)
 {
-    m_rememberTimer.stop();
+    m_afterStartTimer.stop();
     if (m_nameToRemember.isNull())
         return;
     const std::string name = std::exchange(m_nameToRemember, QString()).toStdString();

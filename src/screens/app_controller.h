@@ -110,9 +110,10 @@ private:
     std::vector<std::shared_ptr<LoopFrames>> m_framesAhead; // the Top 20 window's, read during the win screen
     QTimer m_framesTimer; // reads them once the win screen is up
     QTimer m_prepareTimer; // builds ahead once the setup screen is on screen
-    // The name goes to disk once the main screen is up: the write waits for
-    // the disk, which START should not.
-    QTimer m_rememberTimer;
+    // Once the main screen is up, the work START should not wait for: the
+    // name goes to disk (the write waits for the disk), and the win screen's
+    // texts are drawn ahead.
+    QTimer m_afterStartTimer;
     QString m_nameToRemember;
     bool m_mainLoaded = false;
     bool m_tuteChecked = false;

@@ -23,12 +23,8 @@
 #include <QWidget>
 #include <QtEndian>
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
-#include <cstring>
 
 namespace amorra {
 
@@ -208,37 +204,24 @@ void clickOnEnter(QAbstractButton *button)
 QImage readPixels(const QString &path)
 {
     constexpr quint32 kLargest = 1024;
-    const auto readExactly = [](int fd, void *to, size_t size) {
-        auto *at = static_cast<char *>(to);
-        while (size > 0) {
-            const ssize_t n = ::read(fd, at, size);
-            if (n < 0 && errno == EINTR)
-                continue;
-            if (n <= 0)
-                return false;
-            at += n;
-            size -= size_t(n);
-        }
-        return true;
-    };
+    QFile file;
     const int fd = openPlayerFile(QFile::encodeName(path).toStdString());
-    if (fd < 0)
+    if (fd < 0 || !file.open(fd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
         return QImage();
     QImage image;
-    uchar header[12];
-    if (readExactly(fd, header, sizeof header) && std::memcmp(header, "ARGB", 4) == 0) {
-        const quint32 width = qFromLittleEndian<quint32>(header + 4);
-        const quint32 height = qFromLittleEndian<quint32>(header + 8);
+    const QByteArray header = file.read(12);
+    if (header.size() == 12 && header.startsWith("ARGB")) {
+        const quint32 width = qFromLittleEndian<quint32>(header.constData() + 4);
+        const quint32 height = qFromLittleEndian<quint32>(header.constData() + 8);
         if (width > 0 && height > 0 && width <= kLargest && height <= kLargest) {
             // Rows of 32-bit pixels need no padding: the file's rows are the image's.
             image = QImage(int(width), int(height), QImage::Format_ARGB32_Premultiplied);
             char more = 0;
-            if (image.isNull() || !readExactly(fd, image.bits(), size_t(image.sizeInBytes()))
-                || readExactly(fd, &more, 1))
+            if (image.isNull() || file.read(reinterpret_cast<char *>(image.bits()), image.sizeInBytes()) != image.sizeInBytes()
+                || file.read(&more, 1) != 0)
                 image = QImage();
         }
     }
-    ::close(fd);
     if constexpr (QSysInfo::ByteOrder == QSysInfo::BigEndian)
         if (!image.isNull())
             qFromLittleEndian<quint32>(image.bits(), image.sizeInBytes() / 4, image.bits());

@@ -18,6 +18,11 @@ namespace amorra {
 
 namespace {
 
+constexpr int kWidth = 400;
+// Each text is centred across the window, 8 pixels clear of either edge.
+constexpr int kTextLeft = 8;
+constexpr int kTextWidth = kWidth - 2 * kTextLeft;
+
 QLabel *centredLabel(QWidget *parent, const QString &text, const QString &objectName, const QFont &font, int top,
                      int height, const QColor &colour = Qt::black)
 {
@@ -29,12 +34,11 @@ QLabel *centredLabel(QWidget *parent, const QString &text, const QString &object
     label->setTextFormat(Qt::PlainText);
     label->setAlignment(Qt::AlignCenter);
     label->setFont(font);
-    label->setGeometry(8, top, parent->width() - 16, height);
+    label->setGeometry(kTextLeft, top, kTextWidth, height);
     nameControl(label, objectName, text);
     return label;
 }
 
-constexpr int kWidth = 400;
 const char kHeadline[] = "Well done! Looks like you landed a SWEELA!!!";
 
 QFont headlineFont()
@@ -110,8 +114,8 @@ void WinScreen::drawTextsAhead(const QString &playerName)
     QImage scratch(kWidth, 24, QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&scratch);
     const std::pair<QFont, QString> lines[] = {
-        {fittedFont(headlineFont(), QString::fromLatin1(kHeadline), kWidth - 16), QString::fromLatin1(kHeadline)},
-        {fittedFont(wordsFont(), herWords(playerName), kWidth - 16), herWords(playerName)},
+        {fittedFont(headlineFont(), QString::fromLatin1(kHeadline), kTextWidth), QString::fromLatin1(kHeadline)},
+        {fittedFont(wordsFont(), herWords(playerName), kTextWidth), herWords(playerName)},
         {figuresFont(), QStringLiteral("Your Score : Total Days Money Spent $0123456789")}};
     for (const auto &[font, text] : lines) {
         painter.setFont(font);

@@ -15,34 +15,8 @@ Usage: raw_picture.py FILE.png [FILE.png ...]
 import os
 import struct
 import sys
-import zlib
 
-SIGNATURE = b"\x89PNG\r\n\x1a\n"
-
-
-def chunks(data):
-    at = len(SIGNATURE)
-    while at < len(data):
-        (size,) = struct.unpack(">I", data[at:at + 4])
-        yield data[at + 4:at + 8], data[at + 8:at + 8 + size]
-        at += 12 + size
-
-
-def unfiltered_rows(raw, height, stride, n):
-    prev = bytearray(stride)
-    for y in range(height):
-        start = y * (stride + 1)
-        kind, line = raw[start], bytearray(raw[start + 1:start + 1 + stride])
-        for i in range(stride):
-            a = line[i - n] if i >= n else 0
-            b = prev[i]
-            c = prev[i - n] if i >= n else 0
-            p = a + b - c
-            pa, pb, pc = abs(p - a), abs(p - b), abs(p - c)
-            paeth = a if pa <= pb and pa <= pc else b if pb <= pc else c
-            line[i] = (line[i] + (0, a, b, (a + b) // 2, paeth)[kind]) & 0xFF
-        yield bytes(line)
-        prev = line
+from check_assets import read_png
 
 
 def premultiplied(channel, alpha):
@@ -51,25 +25,10 @@ def premultiplied(channel, alpha):
 
 
 def convert(path):
-    with open(path, "rb") as f:
-        data = f.read()
-    if not data.startswith(SIGNATURE):
-        raise ValueError(f"{path}: not a PNG")
-    header, idat = None, b""
-    for kind, body in chunks(data):
-        if kind == b"IHDR":
-            header = body
-        elif kind == b"IDAT":
-            idat += body
-    width, height, depth, colour, _, _, interlace = struct.unpack(">IIBBBBB", header)
-    if depth != 8 or colour not in (2, 6) or interlace:
-        raise ValueError(f"{path}: only 8-bit RGB or RGBA without interlacing")
-    n = 4 if colour == 6 else 3
-    out = bytearray(b"ARGB" + struct.pack("<II", width, height))
-    for row in unfiltered_rows(zlib.decompress(idat), height, width * n, n):
-        for x in range(width):
-            r, g, b = row[x * n:x * n + 3]
-            a = row[x * n + 3] if n == 4 else 255
+    rows = read_png(path)
+    out = bytearray(b"ARGB" + struct.pack("<II", len(rows[0]), len(rows)))
+    for row in rows:
+        for r, g, b, a in row:
             out += struct.pack("<I", a << 24 | premultiplied(r, a) << 16 | premultiplied(g, a) << 8 | premultiplied(b, a))
     with open(path[:-len(".png")] + ".argb", "wb") as f:
         f.write(out)
