@@ -1,13 +1,19 @@
 #include "action_list.h"
 
+#include "accessible_parts.h"
 #include "widget_helpers.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
+#include <QScrollBar>
 #include <QStyle>
-#include <QStyledItemDelegate>
+#include <QStyleOptionFocusRect>
 
 #include <algorithm>
+#include <cmath>
 
 namespace amorra {
 
@@ -22,62 +28,110 @@ int quarterPoints(const QFont &font)
     return qRound(font.pointSizeF() * 4);
 }
 
-class ColumnDelegate : public QStyledItemDelegate
+// One row as screen readers meet it: a list item, read as its columns.
+class RowAccessible : public QAccessibleInterface
 {
 public:
-    explicit ColumnDelegate(ActionList *list)
-        : QStyledItemDelegate(list)
-        , m_list(list)
+    RowAccessible(ActionList *list, int row)
+        : m_list(list)
+        , m_row(row)
     {
     }
 
-    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    int row() const { return m_row; }
+    bool isValid() const override { return m_list && m_row < m_list->count(); }
+    QObject *object() const override { return nullptr; }
+    QWindow *window() const override { return m_list ? m_list->window()->windowHandle() : nullptr; }
+    QAccessibleInterface *parent() const override { return QAccessible::queryAccessibleInterface(m_list.data()); }
+    QAccessibleInterface *child(int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface *) const override { return -1; }
+    QAccessibleInterface *childAt(int, int) const override { return nullptr; }
+    QString text(QAccessible::Text t) const override
     {
-        QStyleOptionViewItem opt = option;
-        initStyleOption(&opt, index);
-        const QString text = opt.text;
-        opt.text.clear();
-        const QWidget *widget = opt.widget;
-        QStyle *style = widget ? widget->style() : nullptr;
-        if (style)
-            style->drawControl(QStyle::CE_ItemViewItem, &opt, painter, widget);
+        return isValid() && t == QAccessible::Name ? m_list->spokenText(m_row) : QString();
+    }
+    void setText(QAccessible::Text, const QString &) override {}
+    QAccessible::Role role() const override { return QAccessible::ListItem; }
 
-        const bool selected = opt.state & QStyle::State_Selected;
-        painter->save();
-        painter->setFont(opt.font);
-        painter->setPen(opt.palette.color(opt.state & QStyle::State_Enabled ? QPalette::Normal : QPalette::Disabled,
-                                          selected ? QPalette::HighlightedText : QPalette::Text));
-        painter->setClipRect(opt.rect, Qt::IntersectClip);
-        const int top = opt.rect.top() + (opt.rect.height() - QFontMetrics(opt.font).height()) / 2;
-        const QStringList columns = rowColumns(text);
-        const QVector<int> &starts = m_list->columnStarts();
-        for (int c = 0; c < columns.size(); ++c) {
-            const int x = opt.rect.left() + kTextMargin + (c < starts.size() ? starts[c] : 0);
-            painter->drawStaticText(x, top, m_list->shapedText(columns[c]));
-        }
-        painter->restore();
+    QRect rect() const override
+    {
+        if (!isValid())
+            return {};
+        const QRect r = m_list->rowRect(m_row);
+        return r.isEmpty() ? QRect() : QRect(m_list->viewport()->mapToGlobal(r.topLeft()), r.size());
     }
 
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    QAccessible::State state() const override
     {
-        // Every row is one line of the list's font: the style is asked its
-        // height once, not to lay out each row's text again.
-        if (m_heightFont != option.font || m_height < 0) {
-            m_heightFont = option.font;
-            m_height = QStyledItemDelegate::sizeHint(option, index).height();
-        }
-        const QStringList columns = rowColumns(index.data().toString());
-        const QVector<int> &starts = m_list->columnStarts();
-        const int last = int(columns.size()) - 1;
-        const int start = last < starts.size() ? starts[last] : 0;
-        return {2 * kTextMargin + start + m_list->textWidth(columns[last]), m_height};
+        QAccessible::State s;
+        if (!isValid())
+            return s;
+        s.selectable = true;
+        s.focusable = true;
+        s.selected = m_row == m_list->selectedIndex();
+        s.focused = m_list->hasFocus() && m_row == m_list->currentRow();
+        s.offscreen = m_list->rowRect(m_row).isEmpty();
+        s.disabled = !m_list->isEnabled();
+        return s;
     }
 
 private:
-    ActionList *m_list;
-    mutable QFont m_heightFont;
-    mutable int m_height = -1;
+    QPointer<ActionList> m_list;
+    int m_row;
 };
+
+class ActionListAccessible : public QAccessibleWidget
+{
+public:
+    explicit ActionListAccessible(ActionList *list)
+        : QAccessibleWidget(list, QAccessible::List)
+    {
+    }
+
+    int childCount() const override { return list()->count(); }
+
+    // Rows are known by their place: row 3 is whatever the list shows third.
+    QAccessibleInterface *child(int index) const override
+    {
+        if (index < 0 || index >= list()->count())
+            return nullptr;
+        return m_rows.part(index, [this, index] { return new RowAccessible(list(), index); });
+    }
+
+    int indexOfChild(const QAccessibleInterface *child) const override
+    {
+        if (!child || child->role() != QAccessible::ListItem || child->parent() != this)
+            return -1;
+        return static_cast<const RowAccessible *>(child)->row();
+    }
+
+    QAccessibleInterface *childAt(int x, int y) const override
+    {
+        const QPoint at = list()->viewport()->mapFromGlobal(QPoint(x, y));
+        for (int r = 0; r < list()->count(); ++r)
+            if (list()->rowRect(r).contains(at))
+                return child(r);
+        return nullptr;
+    }
+
+    QAccessibleInterface *focusChild() const override
+    {
+        return list()->hasFocus() ? child(list()->currentRow()) : nullptr;
+    }
+
+private:
+    ActionList *list() const { return static_cast<ActionList *>(widget()); }
+
+    mutable AccessibleParts m_rows;
+};
+
+QAccessibleInterface *actionListFactory(const QString &className, QObject *object)
+{
+    if (className == QLatin1String("amorra::ActionList") && object && object->isWidgetType())
+        return new ActionListAccessible(static_cast<ActionList *>(object));
+    return nullptr;
+}
 
 } // namespace
 
@@ -102,58 +156,272 @@ QStringList rowColumns(const QString &row)
 }
 
 ActionList::ActionList(QWidget *parent)
-    : QListWidget(parent)
+    : QAbstractScrollArea(parent)
     , m_designFont(font())
 {
-    setItemDelegate(new ColumnDelegate(this));
+    static const bool factoryInstalled = [] {
+        QAccessible::installFactory(actionListFactory);
+        return true;
+    }();
+    Q_UNUSED(factoryInstalled);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setSelectionMode(QAbstractItemView::SingleSelection);
+    setFocusPolicy(Qt::StrongFocus);
     setPressedLook(false);
-    connect(this, &QListWidget::itemClicked, this, [this] { Q_EMIT rowChosen(); });
-    connect(this, &QListWidget::currentRowChanged, this, [this](int r) {
-        // Arrow keys choose a row as a click does. A mouse press makes a row
-        // current before selecting it (the click follows), and gaining the
-        // focus makes one current without selecting it at all.
-        if (!m_filling && r >= 0 && item(r)->isSelected())
-            Q_EMIT rowChosen();
-    });
+    verticalScrollBar()->setSingleStep(1);
 }
 
 void ActionList::addRow(const QString &text)
 {
-    m_filling = true;
-    auto *item = new QListWidgetItem(text, this);
-    // Read aloud as columns, not as a string with tabs and padding in it.
-    const QStringList columns = rowColumns(text);
-    QStringList spoken;
-    for (const QString &column : columns)
-        spoken << column.trimmed();
-    item->setData(Qt::AccessibleTextRole, spoken.join(QStringLiteral(", ")));
-    m_filling = false;
-    takeRow(columns);
+    m_rows << text;
+    takeRow(rowColumns(text));
     refit();
-    viewport()->update();
+    rowsChanged();
 }
 
 void ActionList::clearRows()
 {
-    m_filling = true;
-    clear();
-    m_filling = false;
+    m_rows.clear();
+    m_current = m_selected = m_pressed = -1;
     useFont(m_designFont);
+    rowsChanged();
+}
+
+QString ActionList::spokenText(int row) const
+{
+    QStringList spoken;
+    for (const QString &column : rowColumns(rowText(row)))
+        spoken << column.trimmed();
+    return spoken.join(QStringLiteral(", "));
+}
+
+void ActionList::setCurrentRow(int row)
+{
+    if (row >= 0 && row < count())
+        choose(row);
+}
+
+QRect ActionList::rowRect(int row) const
+{
+    const int top = (row - verticalScrollBar()->value()) * rowHeight();
+    if (row < 0 || row >= count() || top >= viewport()->height() || top + rowHeight() <= 0)
+        return {};
+    return {0, top, viewport()->width(), rowHeight()};
+}
+
+void ActionList::scrollToRow(int row)
+{
+    QScrollBar *bar = verticalScrollBar();
+    const int shown = std::max(1, viewport()->height() / rowHeight());
+    if (row < bar->value())
+        bar->setValue(row);
+    else if (row >= bar->value() + shown)
+        bar->setValue(row - shown + 1);
+}
+
+int ActionList::rowsWidth() const
+{
+    return 2 * kTextMargin + widestRow();
+}
+
+void ActionList::setPressedLook(bool pressed)
+{
+    // The list's white (or red) is the game's, so are its text colours,
+    // whatever the desktop's palette.
+    QPalette pal = palette();
+    pal.setColor(QPalette::Base, pressed ? QColor(255, 0, 0) : QColor(255, 255, 255));
+    pal.setColor(QPalette::Text, Qt::black);
+    pal.setColor(QPalette::Disabled, QPalette::Text, QColor(96, 96, 96));
+    pal.setColor(QPalette::Highlight, QColor(0, 0, 128));
+    pal.setColor(QPalette::HighlightedText, Qt::white);
+    setPalette(pal);
+}
+
+void ActionList::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(viewport());
+    const QPalette::ColorGroup group = isEnabled() ? QPalette::Normal : QPalette::Disabled;
+    const int textTop = (rowHeight() - fontMetrics().height()) / 2;
+    for (int r = verticalScrollBar()->value(); r < count(); ++r) {
+        const QRect area = rowRect(r);
+        if (area.isEmpty())
+            break;
+        if (!area.intersects(event->rect()))
+            continue;
+        const bool selected = r == m_selected;
+        if (selected)
+            painter.fillRect(area, palette().brush(group, QPalette::Highlight));
+        // The keyboard's frame goes under the text, as list boxes draw it.
+        if (r == m_current && hasFocus()) {
+            QStyleOptionFocusRect focus;
+            focus.initFrom(this);
+            focus.rect = area;
+            focus.state |= QStyle::State_KeyboardFocusChange | QStyle::State_Item;
+            focus.backgroundColor = palette().color(group, selected ? QPalette::Highlight : QPalette::Window);
+            style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+        }
+        painter.setPen(palette().color(group, selected ? QPalette::HighlightedText : QPalette::Text));
+        const QStringList columns = rowColumns(m_rows[r]);
+        for (int c = 0; c < columns.size(); ++c) {
+            const int x = area.left() + kTextMargin + (c < m_columnStarts.size() ? m_columnStarts[c] : 0);
+            painter.drawStaticText(x, area.top() + textTop, shapedText(columns[c]));
+        }
+    }
+}
+
+void ActionList::keyPressEvent(QKeyEvent *event)
+{
+    const int key = event->key();
+    const int shown = std::max(1, viewport()->height() / rowHeight());
+    int to = -1;
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        if (m_current < 0)
+            break;
+        if (key != Qt::Key_Space && m_current == m_selected)
+            Q_EMIT rowActivated();
+        else
+            choose(m_current);
+        return;
+    case Qt::Key_Up:
+        to = m_current - 1;
+        break;
+    case Qt::Key_Down:
+        to = m_current + 1;
+        break;
+    case Qt::Key_PageUp:
+        to = m_current - shown;
+        break;
+    case Qt::Key_PageDown:
+        to = m_current + shown;
+        break;
+    case Qt::Key_Home:
+        to = 0;
+        break;
+    case Qt::Key_End:
+        to = count() - 1;
+        break;
+    default: {
+        // A letter goes to the next row that starts with it, as in any list box.
+        const QString typed = event->text();
+        if (typed.size() == 1 && typed[0].isLetterOrNumber() && !(event->modifiers() & ~Qt::ShiftModifier)) {
+            for (int step = 1; step <= count(); ++step) {
+                const int r = (m_current + step) % count();
+                if (m_rows[r].startsWith(typed, Qt::CaseInsensitive)) {
+                    if (r != m_current)
+                        choose(r);
+                    return;
+                }
+            }
+        }
+        QAbstractScrollArea::keyPressEvent(event);
+        return;
+    }
+    }
+    // As in any list box, only a move chooses: Down on the last row keeps her answer in view.
+    if (count() > 0 && std::clamp(to, 0, count() - 1) != m_current)
+        choose(std::clamp(to, 0, count() - 1));
+}
+
+void ActionList::mousePressEvent(QMouseEvent *event)
+{
+    m_pressed = event->button() == Qt::LeftButton ? rowAt(event->position().toPoint().y()) : -1;
+    if (m_pressed < 0)
+        return;
+    // Pressed is chosen on screen; the choice counts once the button comes up over it.
+    m_current = m_selected = m_pressed;
     viewport()->update();
+    tellScreenReaders(this, QAccessible::Focus, m_current);
+    tellScreenReaders(this, QAccessible::Selection, m_current);
 }
 
-int ActionList::selectedIndex() const
+void ActionList::mouseReleaseEvent(QMouseEvent *event)
 {
-    const QList<QListWidgetItem *> chosen = selectedItems();
-    return chosen.isEmpty() ? -1 : row(chosen.first());
+    const int pressed = std::exchange(m_pressed, -1);
+    if (pressed >= 0 && event->button() == Qt::LeftButton && rowAt(event->position().toPoint().y()) == pressed)
+        Q_EMIT rowChosen();
 }
 
-QString ActionList::rowText(int r) const
+void ActionList::focusInEvent(QFocusEvent *event)
 {
-    const QListWidgetItem *it = item(r);
-    return it ? it->text() : QString();
+    // The keyboard arrives on the first row, framed but not chosen.
+    if (m_current < 0 && count() > 0 && event->reason() != Qt::MouseFocusReason)
+        m_current = 0;
+    viewport()->update();
+    if (m_current >= 0)
+        tellScreenReaders(this, QAccessible::Focus, m_current);
+    QAbstractScrollArea::focusInEvent(event);
+}
+
+void ActionList::focusOutEvent(QFocusEvent *event)
+{
+    viewport()->update();
+    QAbstractScrollArea::focusOutEvent(event);
+}
+
+void ActionList::resizeEvent(QResizeEvent *event)
+{
+    QAbstractScrollArea::resizeEvent(event);
+    updateScrollBar();
+}
+
+void ActionList::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::FontChange && !m_fitting) {
+        m_designFont = font();
+        m_widths.clear();
+        m_shaped.clear();
+        m_widest.clear();
+        m_columnStarts.clear();
+        for (const QString &row : std::as_const(m_rows))
+            takeRow(rowColumns(row));
+        refit();
+        updateScrollBar();
+    }
+    QAbstractScrollArea::changeEvent(event);
+}
+
+int ActionList::rowHeight() const
+{
+    // One line of the font, as list boxes space their rows.
+    return std::max(1, int(std::ceil(QFontMetricsF(font()).height())));
+}
+
+int ActionList::rowAt(int y) const
+{
+    const int r = verticalScrollBar()->value() + y / rowHeight();
+    return y >= 0 && r < count() ? r : -1;
+}
+
+void ActionList::choose(int row)
+{
+    const bool moved = row != m_current;
+    const bool newlySelected = row != m_selected;
+    m_current = m_selected = row;
+    scrollToRow(row);
+    viewport()->update();
+    if (moved && hasFocus())
+        tellScreenReaders(this, QAccessible::Focus, row);
+    if (newlySelected)
+        tellScreenReaders(this, QAccessible::Selection, row);
+    Q_EMIT rowChosen();
+}
+
+void ActionList::rowsChanged()
+{
+    updateScrollBar();
+    viewport()->update();
+    tellScreenReaders(this, QAccessible::ObjectReorder);
+}
+
+void ActionList::updateScrollBar()
+{
+    // Scrolled a row at a time, so a row is never cut at the top.
+    const int shown = std::max(1, viewport()->height() / rowHeight());
+    QScrollBar *bar = verticalScrollBar();
+    bar->setRange(0, std::max(0, count() - shown));
+    bar->setPageStep(shown);
 }
 
 int ActionList::textWidth(const QString &text) const
@@ -176,49 +444,6 @@ const QStaticText &ActionList::shapedText(const QString &text) const
         found = m_shaped.insert(key, shaped);
     }
     return *found;
-}
-
-void ActionList::setPressedLook(bool pressed)
-{
-    // The list's white (or red) is the game's, so are its text colours,
-    // whatever the desktop's palette.
-    QPalette pal = palette();
-    pal.setColor(QPalette::Base, pressed ? QColor(255, 0, 0) : QColor(255, 255, 255));
-    pal.setColor(QPalette::Text, Qt::black);
-    pal.setColor(QPalette::Disabled, QPalette::Text, QColor(96, 96, 96));
-    pal.setColor(QPalette::Highlight, QColor(0, 0, 128));
-    pal.setColor(QPalette::HighlightedText, Qt::white);
-    setPalette(pal);
-}
-
-void ActionList::keyPressEvent(QKeyEvent *event)
-{
-    const int key = event->key();
-    if ((key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) && currentItem()) {
-        if (key != Qt::Key_Space && currentItem()->isSelected()) {
-            Q_EMIT rowActivated();
-            return;
-        }
-        currentItem()->setSelected(true);
-        Q_EMIT rowChosen();
-        return;
-    }
-    QListWidget::keyPressEvent(event);
-}
-
-void ActionList::changeEvent(QEvent *event)
-{
-    if (event->type() == QEvent::FontChange && !m_fitting) {
-        m_designFont = font();
-        m_widths.clear();
-        m_shaped.clear();
-        m_widest.clear();
-        m_columnStarts.clear();
-        for (int r = 0; r < count(); ++r)
-            takeRow(rowColumns(item(r)->text()));
-        refit();
-    }
-    QListWidget::changeEvent(event);
 }
 
 void ActionList::takeRow(const QStringList &columns)
@@ -257,8 +482,8 @@ void ActionList::layOutAt(double points)
     QFont sized = font();
     sized.setPointSizeF(points);
     useFont(sized);
-    for (int r = 0; r < count(); ++r)
-        takeRow(rowColumns(item(r)->text()));
+    for (const QString &row : std::as_const(m_rows))
+        takeRow(rowColumns(row));
 }
 
 void ActionList::useFont(const QFont &font)

@@ -176,15 +176,4 @@ QIcon AppStyle::standardIcon(StandardPixmap icon, const QStyleOption *option, co
     return QProxyStyle::standardIcon(icon, option, widget);
 }
 
-int AppStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
-                        QStyleHintReturn *returnData) const
-{
-    if (hint == SH_Table_GridLineColor && widget) {
-        const QVariant colour = widget->property("gridLineColor");
-        if (colour.canConvert<QColor>())
-            return int(colour.value<QColor>().rgba());
-    }
-    return QProxyStyle::styleHint(hint, option, widget, returnData);
-}
-
 } // namespace amorra

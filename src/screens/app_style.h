@@ -26,9 +26,6 @@ public:
                             const QWidget *widget = nullptr) const override;
     QIcon standardIcon(StandardPixmap icon, const QStyleOption *option = nullptr,
                        const QWidget *widget = nullptr) const override;
-    // A table with a "gridLineColor" property draws its lines in that colour.
-    int styleHint(StyleHint hint, const QStyleOption *option = nullptr, const QWidget *widget = nullptr,
-                  QStyleHintReturn *returnData = nullptr) const override;
 
 private:
     bool m_fusion = false;

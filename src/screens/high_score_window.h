@@ -7,11 +7,10 @@
 #include <memory>
 #include <vector>
 
-class QTableWidget;
-
 namespace amorra {
 
 struct LoopFrames;
+class ScoreGrid;
 
 // "Amorra - Top 20 SWEELA getters": the table as the scores library filled
 // it, the champion and his animations.
@@ -21,14 +20,14 @@ class HighScoreWindow : public OkWindow
 
 public:
     HighScoreWindow(const HighScoreScreenData &data, const QString &assetDir, QWidget *parent = nullptr);
-    QTableWidget *grid() const { return m_grid; }
+    ScoreGrid *grid() const { return m_grid; }
 
     // Its animations' first frames, read while the win screen is up: they
     // are the longest part of its opening (about 3 ms).
     static std::vector<std::shared_ptr<LoopFrames>> readAnimationsAhead(const QString &assetDir);
 
 private:
-    QTableWidget *m_grid = nullptr;
+    ScoreGrid *m_grid = nullptr;
 };
 
 } // namespace amorra

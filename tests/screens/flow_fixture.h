@@ -4,6 +4,7 @@
 #include "support/temp_dir.h"
 
 #include "screens/action_list.h"
+#include "screens/score_grid.h"
 #include "screens/app_controller.h"
 #include "screens/desktop.h"
 #include "screens/sound_player.h"
@@ -101,8 +102,8 @@ protected:
     {
         auto *list = m_app->mainScreen().findChild<ActionList *>();
         QVERIFY(row < list->count());
-        list->scrollToItem(list->item(row));
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+        list->scrollToRow(row);
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->rowRect(row).center());
         QCOMPARE(m_app->mainScreen().GetListIndex(), row);
         QTest::mouseClick(m_app->mainScreen().findChild<QPushButton *>("cmd_ok"), Qt::LeftButton);
     }

@@ -4,11 +4,11 @@
 
 #include "screens/tutorial_window.h"
 
+#include <QAccessibleTableInterface>
 #include <QCheckBox>
 #include <QFile>
 #include <QLabel>
 #include <QSlider>
-#include <QTableWidget>
 #include <QTextEdit>
 
 using namespace amorra;
@@ -107,13 +107,17 @@ void FlowTest::aWholeGameWonThroughToTheTop20()
     for (const char *label : {"OHH ... Tom I Love you!!!", "Your Score : 251022", "Total Days 7", "Total Money Spent $271"})
         QVERIFY2(named<QLabel>(window("Form3"), label), label);
     pressOk("Form3");
-    auto *grid = named<QTableWidget>(window("Form5"), "Top 20 table");
+    auto *grid = named<ScoreGrid>(window("Form5"), "Top 20 table");
     const QStringList first{"1", "Tom                 ", "7 Days", "$271", "251022"};
     for (int c = 0; c < 5; ++c) // the new result, in red
-        QVERIFY(grid->item(0, c)->text() == first[c] && grid->item(0, c)->foreground().color() == QColor(255, 0, 0));
-    QVERIFY(named<QLabel>(window("Form5"), "Champion: Tom") && grid->item(1, 1)->text().isEmpty());
+        QVERIFY(grid->cellText(0, c) == first[c] && grid->cellColour(0) == QColor(255, 0, 0));
+    QVERIFY(named<QLabel>(window("Form5"), "Champion: Tom") && grid->cellText(1, 1).isEmpty() &&
+            grid->cellColour(1) == Qt::black);
     QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(grid); // without the padding
-    QVERIFY(heard->child(3)->text(QAccessible::Name) == "Total Days" && heard->child(8)->text(QAccessible::Name) == "Tom");
+    QAccessibleTableInterface *table = heard->tableInterface();
+    QVERIFY(table && table->rowCount() == 20 && table->columnDescription(2) == "Total Days");
+    QAccessibleInterface *name = table->cellAt(0, 1);
+    QVERIFY(name->text(QAccessible::Name) == "Tom" && name->tableCellInterface()->columnHeaderCells().first()->text(QAccessible::Name) == "Name");
     QCOMPARE(m_dir->read("Scores").size(), size_t(798));
     pressOk("Form5");
     QVERIFY(mainEnabled() && m_app->loadedScreenCount() == 2);

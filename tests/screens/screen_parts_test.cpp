@@ -1,12 +1,16 @@
-// The screens' plain parts: the action list's columns, the animations' loops,
-// pictures stored as their pixels, the window system chosen.
+// The screens' plain parts: the action list's columns and keys, the Top 20
+// grid's keys, the animations' loops, pictures stored as their pixels, the
+// window system chosen.
 #include "screens/action_list.h"
 #include "screens/looping_picture.h"
+#include "screens/score_grid.h"
 #include "screens/widget_helpers.h"
 #include "screens/window_system.h"
 
 #include <QFile>
+#include <QAccessible>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QtEndian>
@@ -24,6 +28,9 @@ private Q_SLOTS:
     void listRowsSplitIntoColumnsAtRunsOfTabs();
     void listRowsFitBesideTheScrollBarInTheLargestFontTheyNeed_data();
     void listRowsFitBesideTheScrollBarInTheLargestFontTheyNeed();
+    void listKeysChooseAsInAnyListBox_data();
+    void listKeysChooseAsInAnyListBox();
+    void topTwentyCellsAreWalkedByKeysAndHeardWithTheirHeadings();
     void animationsLoopForeverAtTheirFilesPace_data();
     void animationsLoopForeverAtTheirFilesPace();
     void animationsReadAheadPlayWithoutTheirFile();
@@ -83,8 +90,8 @@ void ScreenPartsTest::listRowsFitBesideTheScrollBarInTheLargestFontTheyNeed()
         for (const QString &row : rows)
             list.addRow(row);
         QCOMPARE(list.font().pointSizeF() < design.pointSizeF(), shrinks);
-        QVERIFY2(list.sizeHintForColumn(0) <= list.viewport()->width(),
-                 qPrintable(QStringLiteral("%1 > %2").arg(list.sizeHintForColumn(0)).arg(list.viewport()->width())));
+        QVERIFY2(list.rowsWidth() <= list.viewport()->width(),
+                 qPrintable(QStringLiteral("%1 > %2").arg(list.rowsWidth()).arg(list.viewport()->width())));
         // Shrunk, but not to a size that a quarter point more would also fit.
         if (shrinks) {
             ActionList larger;
@@ -99,6 +106,73 @@ void ScreenPartsTest::listRowsFitBesideTheScrollBarInTheLargestFontTheyNeed()
             QVERIFY(larger.font().pointSizeF() < quarterMore.pointSizeF());
         }
     }
+}
+
+void ScreenPartsTest::listKeysChooseAsInAnyListBox_data()
+{
+    QTest::addColumn<QList<int>>("keys");
+    QTest::addColumn<int>("chosenRow"); // -1: none
+    QTest::addColumn<int>("choices");
+    QTest::addColumn<int>("actions");
+
+    using K = QList<int>;
+    QTest::newRow("Down leaves the focus frame's row") << K{Qt::Key_Down} << 1 << 1 << 0;
+    QTest::newRow("Enter chooses, Enter again acts") << K{Qt::Key_Return, Qt::Key_Return} << 0 << 1 << 1;
+    QTest::newRow("Up on the first row changes nothing") << K{Qt::Key_Up} << -1 << 0 << 0;
+    QTest::newRow("End, then Down on the last row") << K{Qt::Key_End, Qt::Key_Down} << 4 << 1 << 0;
+    QTest::newRow("Page Down moves a page") << K{Qt::Key_PageDown} << 3 << 1 << 0;
+    QTest::newRow("a letter goes to the next row with it") << K{Qt::Key_B, Qt::Key_B} << 4 << 2 << 0;
+}
+
+// The keyboard player's list: a row is chosen once, in view, and acted on by Enter.
+void ScreenPartsTest::listKeysChooseAsInAnyListBox()
+{
+    QFETCH(QList<int>, keys);
+    QFETCH(int, chosenRow);
+    QFETCH(int, choices);
+    QFETCH(int, actions);
+    ActionList list;
+    for (const char *row : {"Flowers\t$40", "Beer\t$5", "Roses\t$140", "Chocolates\t$10", "Bear\t$20"})
+        list.addRow(QString::fromLatin1(row));
+    list.show();
+    list.resize(200, 3 * list.rowRect(0).height() + 2 * list.frameWidth()); // three rows in view
+    list.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&list));
+    list.setFocus(Qt::TabFocusReason);
+    QSignalSpy chosen(&list, &ActionList::rowChosen);
+    QSignalSpy acted(&list, &ActionList::rowActivated);
+    for (int key : keys)
+        QTest::keyClick(&list, Qt::Key(key), Qt::NoModifier);
+    QCOMPARE(list.selectedIndex(), chosenRow);
+    QCOMPARE(chosen.size(), choices);
+    QCOMPARE(acted.size(), actions);
+    if (chosenRow >= 0)
+        QVERIFY(!list.rowRect(chosenRow).isEmpty());
+}
+
+// A keyboard player reads the table cell by cell; a screen reader names each with its column.
+void ScreenPartsTest::topTwentyCellsAreWalkedByKeysAndHeardWithTheirHeadings()
+{
+    HighScoreScreenData data;
+    data.headers = {"", "Name", "Total Days  ", "Money Spent ", "Score  "};
+    data.rows.resize(2);
+    data.rows[0].cells = {"1", "Tom                 ", "7 Days", "$271", "251022"};
+    data.rows[1].cells = {"2", "Ann                 ", "9 Days", "$300", "123456"};
+    ScoreGrid grid(data);
+    grid.show();
+    grid.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&grid));
+    grid.setFocus(Qt::TabFocusReason);
+    for (Qt::Key key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Down, Qt::Key_Left, Qt::Key_Left, Qt::Key_End})
+        QTest::keyClick(&grid, key);
+    QVERIFY(grid.currentRow() == 2 && grid.currentColumn() == 4);
+    QTest::keyClick(&grid, Qt::Key_PageUp);
+    QTest::keyClick(&grid, Qt::Key_Left);
+    QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&grid)->focusChild();
+    QVERIFY(heard && heard->role() == QAccessible::Cell);
+    QCOMPARE(heard->text(QAccessible::Name), QStringLiteral("$271"));
+    QCOMPARE(heard->tableCellInterface()->columnHeaderCells().first()->text(QAccessible::Name), QStringLiteral("Money Spent"));
+    QVERIFY(grid.rect().contains(heard->rect().translated(-grid.mapToGlobal(QPoint(0, 0)))));
 }
 
 void ScreenPartsTest::animationsLoopForeverAtTheirFilesPace_data()

@@ -12,7 +12,6 @@
 #include <QProgressBar>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QTableWidget>
 #include <QTextEdit>
 #include <QToolButton>
 
@@ -70,10 +69,9 @@ QList<std::pair<QString, QRect>> texts(QWidget *w)
     QList<std::pair<QString, QRect>> cells; // the first two rows, the second one selected
     for (int r = 0; r < 2; ++r) {
         if (auto *list = qobject_cast<ActionList *>(w))
-            cells.push_back({QString(), list->visualItemRect(list->item(r)).translated(list->viewport()->pos())});
-        if (auto *grid = qobject_cast<QTableWidget *>(w))
-            cells.push_back({grid->item(r, 1)->text().trimmed(),
-                             grid->visualItemRect(grid->item(r, 1)).adjusted(3, 0, -4, 0).translated(grid->viewport()->pos())});
+            cells.push_back({QString(), list->rowRect(r).translated(list->viewport()->pos())});
+        if (auto *grid = qobject_cast<ScoreGrid *>(w))
+            cells.push_back({grid->cellText(r, 1).trimmed(), grid->cellRect(r, 1).adjusted(3, 0, -4, 0)});
     }
     return cells;
 }
@@ -180,7 +178,7 @@ void WindowsTest::keyboardPlayTakesTwoKeysPerQuestionAndMenusHaveAccessKeys()
     QTRY_COMPARE(QApplication::focusWidget(), list);
     for (Qt::Key key : {Qt::Key_Return, Qt::Key_Return, Qt::Key_Down, Qt::Key_Return})
         QTest::keyClick(QApplication::focusWidget(), key);
-    QVERIFY(talk().contains(list->item(1)->text()) && QApplication::focusWidget() == list);
+    QVERIFY(talk().contains(list->rowText(1)) && QApplication::focusWidget() == list);
     // The third question, asked from the button's own Tab stop, ends the call: the keyboard goes back to "Call Her".
     for (Qt::Key key : {Qt::Key_Down, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return})
         QTest::keyClick(QApplication::focusWidget(), key);
@@ -232,7 +230,7 @@ void WindowsTest::everyWindowReadsFitsAndClosesOnEscapeOnLightAndDarkDesktops()
                         faults << name + w->objectName() + " clipped";
                 }
             }
-            if (auto *list = window->findChild<ActionList *>(); list && list->sizeHintForColumn(0) > list->viewport()->width())
+            if (auto *list = window->findChild<ActionList *>(); list && list->rowsWidth() > list->viewport()->width())
                 faults << name + "Do_List rows clipped";
             window->setWindowState(Qt::WindowFullScreen);
             if (!window->rect().contains(window->childrenRect()) || window->minimumSize() != window->maximumSize() ||

@@ -9,12 +9,12 @@
 // as real input and times it from outside, while the probe times it inside.
 // The driver is also asked to watch the program idle in a few windows.
 #include <QAbstractButton>
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMenuBar>
 #include <QPaintEvent>
 #include <QPointer>
@@ -293,6 +293,10 @@ private:
         if (external())
             send("end");
         // The measurement is taken; the program's own shutdown is not part of it.
+        // Tools that write their record at exit (heaptrack) ask for a normal
+        // exit with $AMORRA_PROBE_EXIT.
+        if (std::getenv("AMORRA_PROBE_EXIT"))
+            std::exit(0);
         std::_Exit(0);
     }
 
@@ -305,6 +309,12 @@ private:
         if (where.x() < 0)
             where = target->rect().center();
         ++m_clicks;
+        // $AMORRA_PROBE_EXIT_AT=N ends the run before the Nth click: what is
+        // held while the window of that click is open.
+        if (const char *at = std::getenv("AMORRA_PROBE_EXIT_AT"); at && std::atoi(at) == m_clicks) {
+            finish();
+            return;
+        }
         // Where the memory is before each click, for a closer look at what each window costs.
         if (const char *dir = std::getenv("AMORRA_PROBE_SMAPS_EACH")) {
             std::ifstream in("/proc/self/smaps");
@@ -505,7 +515,7 @@ private:
     // nothing to click.
     bool playMain(QWidget *main)
     {
-        auto *list = main->findChild<QListWidget *>(QStringLiteral("Do_List"));
+        auto *list = main->findChild<QAbstractScrollArea *>(QStringLiteral("Do_List"));
         auto *frame = main->findChild<QGroupBox *>(QStringLiteral("Frame1"));
         QAbstractButton *ok = buttonNamed(main, QStringLiteral("cmd_ok"));
         QAbstractButton *askOut = buttonNamed(main, QStringLiteral("ask_out_cmd"));
@@ -521,20 +531,29 @@ private:
             return true;
         }
         const QString title = frame->title();
+        // The game's list is its own widget: it is asked by name, not linked.
+        int rows = 0;
+        QMetaObject::invokeMethod(list, "count", Q_RETURN_ARG(int, rows));
+        const auto rowText = [list](int r) {
+            QString text;
+            QMetaObject::invokeMethod(list, "rowText", Q_RETURN_ARG(QString, text), Q_ARG(int, r));
+            return text;
+        };
         int row = -1;
-        if (list->count() > 0 && !m_listUsed) {
-            if (title == QLatin1String("Things to ask her") && m_question < list->count())
+        if (rows > 0 && !m_listUsed) {
+            if (title == QLatin1String("Things to ask her") && m_question < rows)
                 row = m_question++;
             else if (title == QLatin1String("Places to Go"))
                 row = kCheapPlaces[m_date++ % 4];
             else if (title == QLatin1String("Job Noticeboard"))
-                row = list->count() > 1 && !list->item(1)->text().contains(QLatin1String("NOT")) ? 1 : 0;
+                row = rows > 1 && !rowText(1).contains(QLatin1String("NOT")) ? 1 : 0;
         }
-        if (row >= 0 && row < list->count()) {
+        if (row >= 0 && row < rows) {
             m_listUsed = title != QLatin1String("Things to ask her");
-            QListWidgetItem *item = list->item(row);
-            list->scrollToItem(item);
-            timedClick("row", list->viewport(), list->visualItemRect(item).center());
+            QRect where;
+            QMetaObject::invokeMethod(list, "scrollToRow", Q_ARG(int, row));
+            QMetaObject::invokeMethod(list, "rowRect", Q_RETURN_ARG(QRect, where), Q_ARG(int, row));
+            timedClick("row", list->viewport(), where.center());
             return true;
         }
         const char *mode = "Command4"; // work

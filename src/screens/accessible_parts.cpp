@@ -1,0 +1,30 @@
+#include "accessible_parts.h"
+
+namespace amorra {
+
+AccessibleParts::~AccessibleParts()
+{
+    for (const QAccessible::Id id : std::as_const(m_ids))
+        QAccessible::deleteAccessibleInterface(id);
+}
+
+QAccessibleInterface *AccessibleParts::part(int index, const std::function<QAccessibleInterface *()> &make)
+{
+    if (const auto found = m_ids.constFind(index); found != m_ids.constEnd())
+        return QAccessible::accessibleInterface(*found);
+    QAccessibleInterface *made = make();
+    m_ids.insert(index, QAccessible::registerAccessibleInterface(made));
+    return made;
+}
+
+void tellScreenReaders(QObject *widget, QAccessible::Event what, int child)
+{
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleEvent event(widget, what);
+    if (child >= 0)
+        event.setChild(child);
+    QAccessible::updateAccessibility(&event);
+}
+
+} // namespace amorra
