@@ -92,6 +92,118 @@ void drawCutBox(QPainter *painter, const QRect &rect, int cut, const QColor &edg
     fillCutRect(painter, rect.adjusted(1, 1, -1, -1), cut - 1, inside);
 }
 
+// Fusion's colour of a button's face, a shade lighter than the palette's.
+QColor fusionButtonColour(const QPalette &palette)
+{
+    QColor colour = palette.color(QPalette::Button);
+    colour = colour.lighter(100 + std::max(1, (180 - qGray(colour.rgb())) / 6));
+    colour.setHsv(colour.hue(), int(colour.saturation() * 0.75), colour.value());
+    return colour;
+}
+
+QColor fusionHighlightedOutline(const QPalette &palette)
+{
+    QColor outline = palette.color(QPalette::Highlight).darker(125);
+    if (outline.value() > 160)
+        outline.setHsl(outline.hue(), outline.saturation(), 160);
+    return outline;
+}
+
+// `a` weighted `percent` against `b`, channel by channel.
+QColor mixed(const QColor &a, const QColor &b, int percent)
+{
+    return QColor(a.red() * percent / 100 + b.red() * (100 - percent) / 100,
+                  a.green() * percent / 100 + b.green() * (100 - percent) / 100,
+                  a.blue() * percent / 100 + b.blue() * (100 - percent) / 100);
+}
+
+// The colour `t` of the way down a gradient from `top` to `bottom`.
+QColor shadeAt(const QColor &top, const QColor &bottom, qreal t)
+{
+    t = std::clamp(t, 0.0, 1.0);
+    return QColor::fromRgbF(top.redF() + (bottom.redF() - top.redF()) * t,
+                            top.greenF() + (bottom.greenF() - top.greenF()) * t,
+                            top.blueF() + (bottom.blueF() - top.blueF()) * t);
+}
+
+// Fusion's push and tool button face: a light top-down gradient (flat while
+// pressed) inside an outline, with a faint inner ring. Fusion renders each
+// size and state into a cached picture, a third of a megabyte for the
+// game's buttons; here each screen row is one straight fill.
+void drawButtonPanel(QPainter *painter, const QStyleOption *option, bool isDefault)
+{
+    const QRect &rect = option->rect;
+    if (rect.width() < 3 || rect.height() < 3)
+        return;
+    const QPalette &pal = option->palette;
+    const bool enabled = option->state & QStyle::State_Enabled;
+    const bool down = option->state & (QStyle::State_Sunken | QStyle::State_On);
+    const bool focused = option->state & QStyle::State_HasFocus && option->state & QStyle::State_KeyboardFocusChange;
+    QColor face = fusionButtonColour(pal);
+    const QColor highlighted = fusionHighlightedOutline(pal);
+    if (isDefault)
+        face = mixed(face, highlighted.lighter(130), 90);
+    const QColor base = enabled && option->state & QStyle::State_MouseOver ? face : face.darker(104);
+    const QColor top = down ? face.darker(110) : base.lighter(124);
+    const QColor bottom = down ? top : base.lighter(102);
+
+    const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
+    const int rows = qRound((rect.height() - 2) * ratio);
+    for (int row = 0; row < rows; ++row) {
+        // Fusion's gradient runs from half a pixel above the top to half a
+        // pixel above the bottom; each row takes its colour at its middle.
+        const QColor shade = shadeAt(top, bottom, (1.5 + (row + 0.5) / ratio) / (rect.height() - 1));
+        painter->fillRect(QRectF(rect.left() + 1, rect.top() + 1 + row / ratio, rect.width() - 2, 1 / ratio), shade);
+    }
+    const QColor window = pal.color(QPalette::Window).darker(140);
+    const QColor edge = focused || isDefault ? highlighted : window;
+    outlineCutRect(painter, rect, enabled ? edge : edge.lighter(115));
+    outlineCutRect(painter, rect.adjusted(1, 1, -1, -1), QColor(255, 255, 255, 30));
+}
+
+// Fusion's progress bar, flat: a white groove with a shadow under its top
+// edge, filled from the left in the highlight colour, lighter at the top,
+// with a faint white ring inside and a dark edge where the fill ends.
+// Fusion's antialiased lines here woke two helper threads to blend them.
+void drawProgressBar(QPainter *painter, const QStyleOptionProgressBar *bar, QStyle::ControlElement part)
+{
+    const QRect &rect = bar->rect;
+    const QPalette &pal = bar->palette;
+    const QColor outline = pal.color(QPalette::Window).darker(140);
+    if (part == QStyle::CE_ProgressBarGroove) {
+        painter->fillRect(rect.adjusted(1, 1, -1, -1), pal.color(QPalette::Base));
+        outlineCutRect(painter, rect, outline);
+        painter->fillRect(rect.left() + 1, rect.top() + 1, rect.width() - 2, 1, QColor(0, 0, 0, 18));
+        return;
+    }
+    const qint64 steps = std::max<qint64>(1, qint64(bar->maximum) - bar->minimum);
+    const int width = int((qint64(std::max(bar->progress, bar->minimum)) - bar->minimum) * rect.width() / steps);
+    if (width <= 0 || rect.height() < 3)
+        return;
+    const bool complete = bar->progress >= bar->maximum;
+    const QColor highlight = pal.color(QPalette::Highlight);
+    const QColor edge = qGray(outline.rgb()) > qGray(highlight.darker(140).rgb()) ? highlight.darker(140) : outline;
+    const int fillRight = complete ? rect.right() : rect.left() + width - 2;
+    if (fillRight <= rect.left())
+        return;
+    const QRect fill(rect.left(), rect.top(), fillRight - rect.left() + 1, rect.height());
+    for (int y = fill.top() + 1; y < fill.bottom(); ++y)
+        painter->fillRect(fill.left() + 1, y, fill.width() - 1, 1,
+                          shadeAt(highlight.lighter(120), highlight, qreal(y - rect.top()) / (rect.height() - 1)));
+    painter->fillRect(fill.left() + 1, fill.top(), fill.width() - 1, 1, edge);
+    painter->fillRect(fill.left() + 1, fill.bottom(), fill.width() - 1, 1, edge);
+    painter->fillRect(fill.left(), fill.top() + 1, 1, fill.height() - 2, edge);
+    outlineCutRect(painter, QRect(rect.left() + 1, rect.top() + 1, fill.width() - 1, rect.height() - 2),
+                   QColor(255, 255, 255, 50));
+    if (complete) {
+        painter->fillRect(fill.right(), fill.top() + 1, 1, fill.height() - 2, edge);
+    } else {
+        // Where the fill ends: a dark edge, and a shadow on the groove.
+        painter->fillRect(fill.right() + 1, rect.top() + 1, 1, rect.height() - 2, highlight.darker(140));
+        painter->fillRect(fill.right() + 2, rect.top() + 1, 1, rect.height() - 2, QColor(0, 0, 0, 35));
+    }
+}
+
 } // namespace
 
 AppStyle::AppStyle()
@@ -133,7 +245,29 @@ void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *optio
         painter->fillRect(r.left() + 2, r.top() + 1, r.width() - 4, 1, QColor(0, 0, 0, 18));
         return;
     }
+    if (element == PE_PanelButtonCommand && m_fusion) {
+        const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+        const bool flat = button && button->features & QStyleOptionButton::Flat;
+        if (!flat) {
+            drawButtonPanel(painter, option,
+                            button && button->features & QStyleOptionButton::DefaultButton && option->state & State_Enabled);
+            return;
+        }
+    }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void AppStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                           const QWidget *widget) const
+{
+    const auto *bar = qstyleoption_cast<const QStyleOptionProgressBar *>(option);
+    if ((element == CE_ProgressBarGroove || element == CE_ProgressBarContents) && m_fusion && bar
+        && bar->state & State_Horizontal && !bar->invertedAppearance && bar->direction == Qt::LeftToRight
+        && bar->maximum > bar->minimum) {
+        drawProgressBar(painter, bar, element);
+        return;
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
 }
 
 void AppStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,

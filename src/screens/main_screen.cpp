@@ -214,12 +214,11 @@ void MainScreen::SetFace(const std::string &picture, const std::string &tooltip)
     setTip(m_face, qt(tooltip));
 }
 
-const QPixmap &MainScreen::defaultFace()
+QPixmap MainScreen::defaultFace() const
 {
-    // Read once: every new game shows it for a moment, before her face.
-    if (m_defaultFace.isNull())
-        m_defaultFace = loadPicture(m_assetDir, QStringLiteral("pictures/face_default.png"));
-    return m_defaultFace;
+    // Not kept: her face replaces it before the screen is ever seen, unless
+    // her picture is missing.
+    return loadPicture(m_assetDir, QStringLiteral("pictures/face_default.png"));
 }
 
 void MainScreen::EnableMain(bool enabled)

@@ -103,11 +103,10 @@ private:
     QWidget *keyboardHome() const;
     QToolButton *addModeButton(QWidget *parent, ActionMode mode, const QString &caption, const QString &name,
                                const QString &picture, const QRect &geometry, const QString &tip);
-    const QPixmap &defaultFace();
+    QPixmap defaultFace() const;
 
     ScreenHost &m_host;
     QString m_assetDir;
-    QPixmap m_defaultFace;
     std::string m_talkText;
     std::string m_listTitle;
     QPointer<QWidget> m_lastFocus;
