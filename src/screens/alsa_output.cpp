@@ -2,10 +2,12 @@
 
 #include <alsa/asoundlib.h>
 #include <dlfcn.h>
+#include <link.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <utility>
 
 namespace amorra {
@@ -31,6 +33,7 @@ void quiet(const char *, int, const char *, int, const char *, ...) {}
 // about a millisecond before the first window.
 struct AlsaLibrary
 {
+    void *handle = nullptr;
     decltype(&snd_pcm_open) open = nullptr;
     decltype(&snd_pcm_set_params) setParams = nullptr;
     decltype(&snd_pcm_writei) writei = nullptr;
@@ -42,7 +45,7 @@ struct AlsaLibrary
     decltype(&snd_pcm_drop) drop = nullptr;
     decltype(&snd_pcm_prepare) prepare = nullptr;
     decltype(&snd_pcm_close) close = nullptr;
-    bool loaded = false;
+    decltype(&snd_config_update_free_global) freeConfig = nullptr;
 };
 
 namespace {
@@ -55,24 +58,40 @@ bool resolve(void *library, const char *name, F &function)
 }
 
 // Without the library the game plays silently, as without a device.
-const AlsaLibrary &alsa()
+std::unique_ptr<AlsaLibrary> loadAlsa()
 {
-    static const AlsaLibrary lib = [] {
-        AlsaLibrary a;
-        void *library = dlopen("libasound.so.2", RTLD_NOW | RTLD_LOCAL);
-        decltype(&snd_lib_error_set_handler) setErrorHandler = nullptr;
-        if (!library || !resolve(library, "snd_lib_error_set_handler", setErrorHandler))
-            return a;
-        setErrorHandler(quiet);
-        a.loaded = resolve(library, "snd_pcm_open", a.open) && resolve(library, "snd_pcm_set_params", a.setParams)
-                   && resolve(library, "snd_pcm_writei", a.writei) && resolve(library, "snd_pcm_wait", a.wait)
-                   && resolve(library, "snd_pcm_recover", a.recover) && resolve(library, "snd_pcm_state", a.state)
-                   && resolve(library, "snd_pcm_delay", a.delay) && resolve(library, "snd_pcm_start", a.start)
-                   && resolve(library, "snd_pcm_drop", a.drop) && resolve(library, "snd_pcm_prepare", a.prepare)
-                   && resolve(library, "snd_pcm_close", a.close);
-        return a;
-    }();
-    return lib;
+    auto a = std::make_unique<AlsaLibrary>();
+    a->handle = dlopen("libasound.so.2", RTLD_NOW | RTLD_LOCAL);
+    decltype(&snd_lib_error_set_handler) setErrorHandler = nullptr;
+    if (!a->handle)
+        return nullptr;
+    const bool loaded = resolve(a->handle, "snd_lib_error_set_handler", setErrorHandler)
+                        && resolve(a->handle, "snd_pcm_open", a->open)
+                        && resolve(a->handle, "snd_pcm_set_params", a->setParams)
+                        && resolve(a->handle, "snd_pcm_writei", a->writei) && resolve(a->handle, "snd_pcm_wait", a->wait)
+                        && resolve(a->handle, "snd_pcm_recover", a->recover)
+                        && resolve(a->handle, "snd_pcm_state", a->state) && resolve(a->handle, "snd_pcm_delay", a->delay)
+                        && resolve(a->handle, "snd_pcm_start", a->start) && resolve(a->handle, "snd_pcm_drop", a->drop)
+                        && resolve(a->handle, "snd_pcm_prepare", a->prepare)
+                        && resolve(a->handle, "snd_pcm_close", a->close)
+                        && resolve(a->handle, "snd_config_update_free_global", a->freeConfig);
+    if (!loaded) {
+        dlclose(a->handle);
+        return nullptr;
+    }
+    setErrorHandler(quiet);
+    return a;
+}
+
+// Whether ALSA has loaded a plugin library (PipeWire's, PulseAudio's, ...).
+bool alsaPluginLoaded()
+{
+    return dl_iterate_phdr(
+               [](dl_phdr_info *info, std::size_t, void *) {
+                   return info->dlpi_name && std::strstr(info->dlpi_name, "libasound_module_") ? 1 : 0;
+               },
+               nullptr)
+           != 0;
 }
 
 snd_pcm_format_t alsaFormat(int bytesPerSample)
@@ -121,9 +140,12 @@ bool AlsaOutput::open(const PcmFormat &format)
 {
     close();
     const snd_pcm_format_t pcmFormat = alsaFormat(format.bytesPerSample);
-    if (pcmFormat == SND_PCM_FORMAT_UNKNOWN || format.channels <= 0 || format.rate <= 0 || !alsa().loaded)
+    if (pcmFormat == SND_PCM_FORMAT_UNKNOWN || format.channels <= 0 || format.rate <= 0)
         return false;
-    m_alsa = &alsa();
+    if (!m_alsa)
+        m_alsa = loadAlsa();
+    if (!m_alsa)
+        return false;
     // Non-blocking, so a busy device answers at once instead of holding us.
     if (m_alsa->open(&m_pcm, m_device.c_str(), SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK) < 0) {
         m_pcm = nullptr;
@@ -197,6 +219,16 @@ void AlsaOutput::close()
     if (m_pcm)
         m_alsa->close(m_pcm);
     m_pcm = nullptr;
+}
+
+void AlsaOutput::release()
+{
+    close();
+    if (!m_alsa || alsaPluginLoaded())
+        return;
+    m_alsa->freeConfig();
+    dlclose(m_alsa->handle);
+    m_alsa.reset();
 }
 
 } // namespace amorra

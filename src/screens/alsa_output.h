@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,9 @@ public:
     // Silences the device at once, forgetting what it still holds.
     virtual void drop() = 0;
     virtual void close() = 0;
+    // Closed and not wanted for a while: lets go of the sound system itself
+    // too, where that is safe.
+    virtual void release() {}
 };
 
 // Shows the game's sounds in the desktop's volume mixer as "Amorra", with
@@ -68,10 +72,14 @@ public:
     long queued() override;
     void drop() override;
     void close() override;
+    // Unloads libasound and its parsed configuration (half a megabyte),
+    // unless an ALSA plugin of a sound server is loaded: those leave threads
+    // of their own behind, so with one of them the library stays.
+    void release() override;
 
 private:
     std::string m_device;
-    const AlsaLibrary *m_alsa = nullptr; // loaded, whenever m_pcm is open
+    std::unique_ptr<AlsaLibrary> m_alsa; // loaded at the first open, whenever m_pcm is open
     snd_pcm_t *m_pcm = nullptr;
 };
 

@@ -261,7 +261,10 @@ void AppController::syncSoundItem()
 
 void AppController::soundItemClicked(bool wasChecked)
 {
-    mainScreen().setSoundChecked(toggleSoundItem(game().state(), wasChecked));
+    const bool on = toggleSoundItem(game().state(), wasChecked);
+    mainScreen().setSoundChecked(on);
+    if (on)
+        m_sound.soundSwitchedOn();
 }
 
 void AppController::top20()

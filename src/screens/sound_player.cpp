@@ -59,6 +59,13 @@ public:
         m_thread.join();
     }
 
+    // The next clip tries the device again, even one that could not be opened.
+    void lookAgain()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_lookAgain = true;
+    }
+
     // Replaces whatever clip was asked for before.
     void play(std::shared_ptr<WavStream> clip, std::uint64_t id)
     {
@@ -86,6 +93,7 @@ private:
                     // Silence for a while: other programs may want the device.
                     lock.unlock();
                     closeSink();
+                    m_sink->release();
                     lock.lock();
                     continue;
                 }
@@ -96,6 +104,8 @@ private:
                 break;
             const Job job = std::move(*m_next);
             m_next.reset();
+            if (std::exchange(m_lookAgain, false))
+                m_noDevice = false;
             lock.unlock();
             playClip(*job.clip);
             m_finished(job.id);
@@ -168,8 +178,17 @@ private:
         if (m_open && m_openFormat == format)
             return true;
         closeSink();
+        // A machine without a device will not grow one: the game stays
+        // silent, and lets go of the sound system, until the player turns
+        // the sound on again.
+        if (m_noDevice)
+            return false;
         m_open = m_sink->open(format);
         m_openFormat = format;
+        if (!m_open) {
+            m_noDevice = true;
+            m_sink->release();
+        }
         return m_open;
     }
 
@@ -188,10 +207,12 @@ private:
     std::condition_variable m_wake;
     std::optional<Job> m_next;
     bool m_quit = false;
+    bool m_lookAgain = false;
 
     // Only the sound thread touches these.
     std::vector<char> m_buffer;
     bool m_open = false;
+    bool m_noDevice = false;
     PcmFormat m_openFormat;
 
     std::thread m_thread; // last: it starts running at once
@@ -254,6 +275,12 @@ void AlsaSoundPlayer::play(const QString &file, SoundMode mode)
     // This sound cut off the one an outer Wait was waiting for.
     if (outer && m_lastFinished >= outerId)
         QMetaObject::invokeMethod(outer, "quit", Qt::QueuedConnection);
+}
+
+void AlsaSoundPlayer::soundSwitchedOn()
+{
+    if (m_worker)
+        m_worker->lookAgain();
 }
 
 // Called on the sound thread. A clip always cuts off the ones before it,

@@ -24,13 +24,17 @@ class SoundPlayer
 public:
     virtual ~SoundPlayer() = default;
     virtual void play(const QString &file, SoundMode mode) = 0;
+    // The player turned the sound on: a device that could not be opened is
+    // looked for again.
+    virtual void soundSwitchedOn() {}
 };
 
 // The real player: a thread of its own reads the file a slice at a time and
 // feeds the device, so a click never waits for the sound system and a long
 // clip costs no more memory than a short one. A missing or unreadable file gives the
 // desktop's beep for `Async` and silence for `Wait`; without a sound device
-// it stays silent and `Wait` returns at once.
+// it stays silent, and `Wait` returns at once, until the sound is switched
+// on again.
 class AlsaSoundPlayer final : public SoundPlayer
 {
 public:
@@ -42,6 +46,7 @@ public:
     AlsaSoundPlayer &operator=(const AlsaSoundPlayer &) = delete;
 
     void play(const QString &file, SoundMode mode) override;
+    void soundSwitchedOn() override;
 
 private:
     class Worker;

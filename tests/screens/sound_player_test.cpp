@@ -68,8 +68,8 @@ std::mutex g_storyMutex; // the test reads the story while the sound thread writ
 
 // A sound device that plays `speed` times faster than real time, holds 100 ms
 // ahead, and tells what it was asked: "open 1x8000Hz 1B", "11 x 160" (bytes
-// of one value, merged), "drop", "close", "open failed", "write failed" (the
-// write numbered `failingWrite`).
+// of one value, merged), "drop", "close", "release", "open failed", "write
+// failed" (the write numbered `failingWrite`).
 struct FakeDevice final : PcmSink
 {
     FakeDevice(QStringList *story, bool opens, double speed, int failingWrite)
@@ -104,6 +104,7 @@ struct FakeDevice final : PcmSink
     }
     void drop() override { held = 0, tell("drop"); }
     void close() override { tell("close"); }
+    void release() override { tell("release"); }
     void tell(const QString &what)
     {
         const std::lock_guard lock(g_storyMutex);
@@ -132,6 +133,7 @@ private Q_SLOTS:
     void wavFilesGiveTheirFormatAndWholeFrames();
     void theDeviceHearsEachSoundAsAskedFor();
     void withoutADeviceAWaitReturnsAtOnceInSilence();
+    void alsaIsUnloadedOnceNoDeviceOpens();
 
 private:
     QStringList told()
@@ -223,7 +225,8 @@ void SoundPlayerTest::wavFilesGiveTheirFormatAndWholeFrames()
 // holds it up; a failing device is closed and tried again with the next sound; Wait holds the game until the
 // device has played the clip out (at twice the speed: before its length);
 // a new sound cuts off the one still playing; another format and a while
-// of silence each let the device go; a clip plays each time it is asked for.
+// of silence each let the device go, silence the sound system too; a clip
+// plays each time it is asked for.
 void SoundPlayerTest::theDeviceHearsEachSoundAsAskedFor()
 {
     const auto sound = player(true, 2.0, 2, std::chrono::milliseconds(500));
@@ -248,27 +251,53 @@ void SoundPlayerTest::theDeviceHearsEachSoundAsAskedFor()
     QTRY_VERIFY_WITH_TIMEOUT(told().last().startsWith("11 x "), 1000);
     sound->play(writeFile("police.wav", clip8k(200, 0x22)), SoundMode::Wait);
     sound->play(writeFile("b.wav", wav(fmt(1, 2, 22050, 16) + chunk("data", QByteArray(1764, 0x66)))), SoundMode::Wait);
-    QTRY_VERIFY_WITH_TIMEOUT(told().last() == QStringLiteral("close"), 2000);
+    QTRY_VERIFY_WITH_TIMEOUT(told().last() == QStringLiteral("release"), 2000);
     sound->play(kiss, SoundMode::Wait);
     QStringList story = told();
     QVERIFY2(story.size() > 7 && story[7].mid(5).toInt() < 32000, qPrintable(story.join(", ")));
     story[7] = QStringLiteral("11 x some");
     QCOMPARE(story, (QStringList{"open 1x8000Hz 1B", "12 x 160", "write failed", "close", "open 1x8000Hz 1B",
                                  "34 x 6400", "drop", "11 x some", "drop", "22 x 1600", "drop", "close",
-                                 "open 2x22050Hz 2B", "66 x 1764", "drop", "close", "open 1x8000Hz 1B", "34 x 6400",
-                                 "drop"}));
+                                 "open 2x22050Hz 2B", "66 x 1764", "drop", "close", "release", "open 1x8000Hz 1B",
+                                 "34 x 6400", "drop"}));
     QCOMPARE(m_beeps, 5);
 }
 
+// Without a device the sound system is let go, and asked again only once
+// the player has turned the sound on again.
 void SoundPlayerTest::withoutADeviceAWaitReturnsAtOnceInSilence()
 {
     const auto sound = player(false);
+    const QString cat = writeFile("cat.wav", clip8k(3000, 0x10));
     QElapsedTimer clock;
     clock.start();
-    sound->play(writeFile("cat.wav", clip8k(3000, 0x10)), SoundMode::Wait);
-    QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
-    QCOMPARE(told(), QStringList{"open failed"});
+    for (int round = 0; round < 2; ++round) {
+        sound->play(cat, SoundMode::Wait);
+        sound->play(cat, SoundMode::Wait);
+        QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
+        sound->soundSwitchedOn();
+    }
+    QCOMPARE(told(), (QStringList{"open failed", "release", "open failed", "release"}));
     QCOMPARE(m_beeps, 0);
+}
+
+namespace {
+bool alsaLoaded()
+{
+    QFile maps(QStringLiteral("/proc/self/maps"));
+    return maps.open(QIODevice::ReadOnly) && maps.readAll().contains("libasound.so");
+}
+} // namespace
+
+// Half a megabyte of library and configuration is not kept for a device that is not there.
+void SoundPlayerTest::alsaIsUnloadedOnceNoDeviceOpens()
+{
+    AlsaOutput output("amorra_no_such_device");
+    QVERIFY(!alsaLoaded());
+    QVERIFY(!output.open(PcmFormat{1, 22050, 2}));
+    QVERIFY(alsaLoaded()); // it was asked
+    output.release();
+    QVERIFY(!alsaLoaded());
 }
 
 QTEST_MAIN(SoundPlayerTest)
