@@ -1,5 +1,8 @@
 #include "accessible_parts.h"
 
+#include <QPointer>
+#include <QWidget>
+
 namespace amorra {
 
 AccessibleParts::~AccessibleParts()
@@ -25,6 +28,19 @@ void tellScreenReaders(QObject *widget, QAccessible::Event what, int child)
     if (child >= 0)
         event.setChild(child);
     QAccessible::updateAccessibility(&event);
+}
+
+void tellFocusedPart(QWidget *widget, int child)
+{
+    if (!QAccessible::isActive())
+        return;
+    QMetaObject::invokeMethod(
+        widget,
+        [target = QPointer<QWidget>(widget), child] {
+            if (target && target->hasFocus())
+                tellScreenReaders(target, QAccessible::Focus, child);
+        },
+        Qt::QueuedConnection);
 }
 
 } // namespace amorra

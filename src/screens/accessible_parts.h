@@ -5,6 +5,8 @@
 
 #include <functional>
 
+class QWidget;
+
 namespace amorra {
 
 // The parts of a widget the game draws itself (rows, cells) as screen
@@ -27,5 +29,10 @@ private:
 // Tells screen readers, if one listens, of `what` on `widget` or on its
 // part `child`.
 void tellScreenReaders(QObject *widget, QAccessible::Event what, int child = -1);
+
+// Tells them that the keyboard is on part `child` of `widget`, which has
+// just gained the focus: after Qt has told them of the widget itself, so
+// that they read the part, not only the widget's name.
+void tellFocusedPart(QWidget *widget, int child);
 
 } // namespace amorra

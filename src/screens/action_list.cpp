@@ -350,7 +350,7 @@ void ActionList::focusInEvent(QFocusEvent *event)
         m_current = 0;
     viewport()->update();
     if (m_current >= 0)
-        tellScreenReaders(this, QAccessible::Focus, m_current);
+        tellFocusedPart(this, m_current);
     QAbstractScrollArea::focusInEvent(event);
 }
 

@@ -342,9 +342,8 @@ void ScoreGrid::focusInEvent(QFocusEvent *event)
 {
     // The keyboard arrives on the first cell, as in any table.
     if (m_row < 0)
-        moveTo(0, 0);
-    else
-        tellScreenReaders(this, QAccessible::Focus, partIndex(m_row, m_column));
+        m_row = m_column = 0;
+    tellFocusedPart(this, partIndex(m_row, m_column));
     update();
     QFrame::focusInEvent(event);
 }
