@@ -2,10 +2,11 @@
 
 #include <QAccessible>
 #include <QHash>
+#include <QPointer>
+#include <QWidget>
+#include <QWindow>
 
 #include <functional>
-
-class QWidget;
 
 namespace amorra {
 
@@ -24,6 +25,34 @@ public:
 
 private:
     QHash<int, QAccessible::Id> m_ids;
+};
+
+// One such part: no parts of its own, no text to set, known through the
+// widget that draws it.
+template <typename Owner>
+class AccessiblePart : public QAccessibleInterface
+{
+public:
+    explicit AccessiblePart(Owner *owner)
+        : m_owner(owner)
+    {
+    }
+
+    bool isValid() const override { return m_owner; }
+    QObject *object() const override { return nullptr; }
+    QWindow *window() const override { return m_owner ? m_owner->window()->windowHandle() : nullptr; }
+    QAccessibleInterface *parent() const override { return QAccessible::queryAccessibleInterface(m_owner.data()); }
+    QAccessibleInterface *child(int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface *) const override { return -1; }
+    QAccessibleInterface *childAt(int, int) const override { return nullptr; }
+    void setText(QAccessible::Text, const QString &) override {}
+
+protected:
+    Owner *owner() const { return m_owner.data(); }
+
+private:
+    QPointer<Owner> m_owner;
 };
 
 // Tells screen readers, if one listens, of `what` on `widget` or on its

@@ -7,7 +7,6 @@
 #include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPointer>
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
@@ -29,37 +28,27 @@ int quarterPoints(const QFont &font)
 }
 
 // One row as screen readers meet it: a list item, read as its columns.
-class RowAccessible : public QAccessibleInterface
+class RowAccessible : public AccessiblePart<ActionList>
 {
 public:
     RowAccessible(ActionList *list, int row)
-        : m_list(list)
+        : AccessiblePart(list)
         , m_row(row)
     {
     }
 
     int row() const { return m_row; }
-    bool isValid() const override { return m_list && m_row < m_list->count(); }
-    QObject *object() const override { return nullptr; }
-    QWindow *window() const override { return m_list ? m_list->window()->windowHandle() : nullptr; }
-    QAccessibleInterface *parent() const override { return QAccessible::queryAccessibleInterface(m_list.data()); }
-    QAccessibleInterface *child(int) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface *) const override { return -1; }
-    QAccessibleInterface *childAt(int, int) const override { return nullptr; }
+    bool isValid() const override { return owner() && m_row < owner()->count(); }
     QString text(QAccessible::Text t) const override
     {
-        return isValid() && t == QAccessible::Name ? m_list->spokenText(m_row) : QString();
+        return isValid() && t == QAccessible::Name ? owner()->spokenText(m_row) : QString();
     }
-    void setText(QAccessible::Text, const QString &) override {}
     QAccessible::Role role() const override { return QAccessible::ListItem; }
 
     QRect rect() const override
     {
-        if (!isValid())
-            return {};
-        const QRect r = m_list->rowRect(m_row);
-        return r.isEmpty() ? QRect() : QRect(m_list->viewport()->mapToGlobal(r.topLeft()), r.size());
+        const QRect r = isValid() ? owner()->rowRect(m_row) : QRect();
+        return r.isEmpty() ? QRect() : QRect(owner()->viewport()->mapToGlobal(r.topLeft()), r.size());
     }
 
     QAccessible::State state() const override
@@ -67,17 +56,17 @@ public:
         QAccessible::State s;
         if (!isValid())
             return s;
+        const ActionList *list = owner();
         s.selectable = true;
         s.focusable = true;
-        s.selected = m_row == m_list->selectedIndex();
-        s.focused = m_list->hasFocus() && m_row == m_list->currentRow();
-        s.offscreen = m_list->rowRect(m_row).isEmpty();
-        s.disabled = !m_list->isEnabled();
+        s.selected = m_row == list->selectedIndex();
+        s.focused = list->hasFocus() && m_row == list->currentRow();
+        s.offscreen = list->rowRect(m_row).isEmpty();
+        s.disabled = !list->isEnabled();
         return s;
     }
 
 private:
-    QPointer<ActionList> m_list;
     int m_row;
 };
 
@@ -320,8 +309,10 @@ void ActionList::keyPressEvent(QKeyEvent *event)
     }
     }
     // As in any list box, only a move chooses: Down on the last row keeps her answer in view.
-    if (count() > 0 && std::clamp(to, 0, count() - 1) != m_current)
-        choose(std::clamp(to, 0, count() - 1));
+    if (count() == 0)
+        return;
+    if (const int row = std::clamp(to, 0, count() - 1); row != m_current)
+        choose(row);
 }
 
 void ActionList::mousePressEvent(QMouseEvent *event)

@@ -14,9 +14,10 @@ namespace amorra {
 // tabs included; on screen the tab-separated columns line up under each
 // other whatever the font, however many tabs a row uses between two columns.
 //
-// Drawn by the game rather than by Qt's item views: a model, a selection
-// model and a delegate for a dozen rows of text were a megabyte of the
-// program's memory. Keys, mouse and screen readers meet it as a list box.
+// Drawn by the game rather than by Qt's item views: their models, selection
+// models, delegates and headers, for this list and the Top 20 table, held
+// 0.6 MB of the program's memory. Keys, mouse and screen readers meet it as
+// a list box.
 class ActionList : public QAbstractScrollArea
 {
     Q_OBJECT

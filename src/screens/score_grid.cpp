@@ -7,7 +7,6 @@
 #include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPointer>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
 
@@ -33,52 +32,44 @@ int partIndex(int row, int column)
     return (row + 1) * ScoreGrid::kColumns + column;
 }
 
-class GridAccessible;
-
 // A heading (row -1) or a cell, read without the name's padding.
-class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellInterface
+class CellAccessible : public AccessiblePart<ScoreGrid>, public QAccessibleTableCellInterface
 {
 public:
     CellAccessible(ScoreGrid *grid, int row, int column)
-        : m_grid(grid)
+        : AccessiblePart(grid)
         , m_row(row)
         , m_column(column)
     {
     }
 
-    bool isValid() const override { return m_grid; }
-    QObject *object() const override { return nullptr; }
-    QWindow *window() const override { return m_grid ? m_grid->window()->windowHandle() : nullptr; }
-    QAccessibleInterface *parent() const override { return QAccessible::queryAccessibleInterface(m_grid.data()); }
-    QAccessibleInterface *child(int) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface *) const override { return -1; }
-    QAccessibleInterface *childAt(int, int) const override { return nullptr; }
-    void setText(QAccessible::Text, const QString &) override {}
     QAccessible::Role role() const override { return m_row < 0 ? QAccessible::ColumnHeader : QAccessible::Cell; }
 
     QString text(QAccessible::Text t) const override
     {
-        if (!m_grid || t != QAccessible::Name)
+        const ScoreGrid *grid = owner();
+        if (!grid || t != QAccessible::Name)
             return {};
-        return (m_row < 0 ? m_grid->headerText(m_column) : m_grid->cellText(m_row, m_column)).trimmed();
+        return (m_row < 0 ? grid->headerText(m_column) : grid->cellText(m_row, m_column)).trimmed();
     }
 
     QRect rect() const override
     {
-        if (!m_grid)
+        const ScoreGrid *grid = owner();
+        if (!grid)
             return {};
-        const QRect r = m_grid->cellRect(m_row, m_column).intersected(m_grid->contentsRect());
-        return {m_grid->mapToGlobal(r.topLeft()), r.size()};
+        const QRect r = grid->cellRect(m_row, m_column).intersected(grid->contentsRect());
+        return {grid->mapToGlobal(r.topLeft()), r.size()};
     }
 
     QAccessible::State state() const override
     {
         QAccessible::State s;
-        if (!m_grid || m_row < 0)
+        const ScoreGrid *grid = owner();
+        if (!grid || m_row < 0)
             return s;
         s.focusable = true;
-        s.focused = m_grid->hasFocus() && m_row == m_grid->currentRow() && m_column == m_grid->currentColumn();
+        s.focused = grid->hasFocus() && m_row == grid->currentRow() && m_column == grid->currentColumn();
         return s;
     }
 
@@ -97,7 +88,6 @@ public:
     QAccessibleInterface *table() const override { return parent(); }
 
 private:
-    QPointer<ScoreGrid> m_grid;
     int m_row;
     int m_column;
 };

@@ -11,9 +11,9 @@ namespace amorra {
 
 // The Top 20 table (Score_list): a row of headings over twenty rows of five
 // cells, in lavender with blue lines, the newest win in red. Drawn by the
-// game rather than by Qt's item views, which held a megabyte for a hundred
-// fixed texts. The keyboard walks its cells with the arrow keys; screen
-// readers meet it as a table with column headings.
+// game, like the action list, rather than by Qt's item views. The keyboard
+// walks its cells with the arrow keys; screen readers meet it as a table
+// with column headings.
 class ScoreGrid : public QFrame
 {
     Q_OBJECT

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void listRowsFitBesideTheScrollBarInTheLargestFontTheyNeed();
     void listKeysChooseAsInAnyListBox_data();
     void listKeysChooseAsInAnyListBox();
+    void listClicksChooseOnlyRows();
     void topTwentyCellsAreWalkedByKeysAndHeardWithTheirHeadings();
     void animationsLoopForeverAtTheirFilesPace_data();
     void animationsLoopForeverAtTheirFilesPace();
@@ -110,35 +111,46 @@ void ScreenPartsTest::listRowsFitBesideTheScrollBarInTheLargestFontTheyNeed()
 
 void ScreenPartsTest::listKeysChooseAsInAnyListBox_data()
 {
+    QTest::addColumn<bool>("refilled"); // the last row chosen, then the list filled anew
     QTest::addColumn<QList<int>>("keys");
     QTest::addColumn<int>("chosenRow"); // -1: none
     QTest::addColumn<int>("choices");
     QTest::addColumn<int>("actions");
 
     using K = QList<int>;
-    QTest::newRow("Down leaves the focus frame's row") << K{Qt::Key_Down} << 1 << 1 << 0;
-    QTest::newRow("Enter chooses, Enter again acts") << K{Qt::Key_Return, Qt::Key_Return} << 0 << 1 << 1;
-    QTest::newRow("Up on the first row changes nothing") << K{Qt::Key_Up} << -1 << 0 << 0;
-    QTest::newRow("End, then Down on the last row") << K{Qt::Key_End, Qt::Key_Down} << 4 << 1 << 0;
-    QTest::newRow("Page Down moves a page") << K{Qt::Key_PageDown} << 3 << 1 << 0;
-    QTest::newRow("a letter goes to the next row with it") << K{Qt::Key_B, Qt::Key_B} << 4 << 2 << 0;
+    QTest::newRow("Down leaves the focus frame's row") << false << K{Qt::Key_Down} << 1 << 1 << 0;
+    QTest::newRow("Enter chooses, Enter again acts") << false << K{Qt::Key_Return, Qt::Key_Return} << 0 << 1 << 1;
+    QTest::newRow("Up on the first row changes nothing") << false << K{Qt::Key_Up} << -1 << 0 << 0;
+    QTest::newRow("End, then Down on the last row") << false << K{Qt::Key_End, Qt::Key_Down} << 4 << 1 << 0;
+    QTest::newRow("Page Down moves a page, not past the end") << false << K{Qt::Key_PageDown, Qt::Key_PageDown} << 4 << 2 << 0;
+    QTest::newRow("a letter goes to the next row with it") << false << K{Qt::Key_B, Qt::Key_B} << 4 << 2 << 0;
+    QTest::newRow("a new fill starts at the top") << true << K{Qt::Key_Down} << 0 << 1 << 0;
 }
 
 // The keyboard player's list: a row is chosen once, in view, and acted on by Enter.
 void ScreenPartsTest::listKeysChooseAsInAnyListBox()
 {
+    QFETCH(bool, refilled);
     QFETCH(QList<int>, keys);
     QFETCH(int, chosenRow);
     QFETCH(int, choices);
     QFETCH(int, actions);
     ActionList list;
-    for (const char *row : {"Flowers\t$40", "Beer\t$5", "Roses\t$140", "Chocolates\t$10", "Bear\t$20"})
-        list.addRow(QString::fromLatin1(row));
+    const auto fill = [&list] {
+        for (const char *row : {"Flowers\t$40", "Beer\t$5", "Roses\t$140", "Chocolates\t$10", "Bear\t$20"})
+            list.addRow(QString::fromLatin1(row));
+    };
+    fill();
     list.show();
     list.resize(200, 3 * list.rowRect(0).height() + 2 * list.frameWidth()); // three rows in view
     list.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&list));
     list.setFocus(Qt::TabFocusReason);
+    if (refilled) {
+        QTest::keyClick(&list, Qt::Key_End);
+        list.clearRows();
+        fill();
+    }
     QSignalSpy chosen(&list, &ActionList::rowChosen);
     QSignalSpy acted(&list, &ActionList::rowActivated);
     for (int key : keys)
@@ -146,8 +158,30 @@ void ScreenPartsTest::listKeysChooseAsInAnyListBox()
     QCOMPARE(list.selectedIndex(), chosenRow);
     QCOMPARE(chosen.size(), choices);
     QCOMPARE(acted.size(), actions);
-    if (chosenRow >= 0)
-        QVERIFY(!list.rowRect(chosenRow).isEmpty());
+    if (chosenRow < 0)
+        return;
+    // In view, and the row a screen reader hears.
+    QVERIFY(!list.rowRect(chosenRow).isEmpty());
+    QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&list)->focusChild();
+    QVERIFY(heard && heard->state().focused && heard->state().selected);
+    QCOMPARE(heard->text(QAccessible::Name), list.spokenText(chosenRow));
+}
+
+// A click chooses the row under it once the button comes up; below the last row it chooses nothing.
+void ScreenPartsTest::listClicksChooseOnlyRows()
+{
+    ActionList list;
+    list.addRow(QStringLiteral("Flowers\t$40"));
+    list.addRow(QStringLiteral("Beer\t$5"));
+    list.resize(200, 150);
+    list.show();
+    QSignalSpy chosen(&list, &ActionList::rowChosen);
+    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, list.rowRect(1).center());
+    QVERIFY(list.selectedIndex() == 1 && chosen.isEmpty());
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, list.rowRect(1).center());
+    QCOMPARE(chosen.size(), 1);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.rowRect(1).center() + QPoint(0, list.rowRect(1).height()));
+    QVERIFY(list.selectedIndex() == 1 && chosen.size() == 1);
 }
 
 // A keyboard player reads the table cell by cell; a screen reader names each with its column.
@@ -173,6 +207,13 @@ void ScreenPartsTest::topTwentyCellsAreWalkedByKeysAndHeardWithTheirHeadings()
     QCOMPARE(heard->text(QAccessible::Name), QStringLiteral("$271"));
     QCOMPARE(heard->tableCellInterface()->columnHeaderCells().first()->text(QAccessible::Name), QStringLiteral("Money Spent"));
     QVERIFY(grid.rect().contains(heard->rect().translated(-grid.mapToGlobal(QPoint(0, 0)))));
+    // Darker headings over lavender rows, a blue line under each row.
+    const QImage shot = grid.grab().toImage();
+    const QRect name = grid.cellRect(0, 1);
+    QCOMPARE(shot.pixelColor(grid.cellRect(-1, 1).topLeft()), QColor(128, 128, 255));
+    QCOMPARE(shot.pixelColor(name.right() - 1, name.bottom() - 1), QColor(192, 192, 255));
+    QCOMPARE(shot.pixelColor(name.center().x(), name.bottom() + 1), QColor(128, 128, 255));
+    QCOMPARE(grid.cellRect(1, 1).top(), name.bottom() + 2);
 }
 
 void ScreenPartsTest::animationsLoopForeverAtTheirFilesPace_data()
