@@ -153,7 +153,6 @@ ActionList::ActionList(QWidget *parent)
         return true;
     }();
     Q_UNUSED(factoryInstalled);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::StrongFocus);
     setPressedLook(false);
     verticalScrollBar()->setSingleStep(1);

@@ -95,6 +95,7 @@ void ScreenPartsTest::listRowsFitBesideTheScrollBarInTheLargestFontTheyNeed()
                  qPrintable(QStringLiteral("%1 > %2").arg(list.rowsWidth()).arg(list.viewport()->width())));
         // Shrunk, but not to a size that a quarter point more would also fit.
         if (shrinks) {
+            QVERIFY(list.rowsWidth() > list.viewport()->width() * 9 / 10);
             ActionList larger;
             larger.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
             larger.resize(list.size());
@@ -160,8 +161,9 @@ void ScreenPartsTest::listKeysChooseAsInAnyListBox()
     QCOMPARE(acted.size(), actions);
     if (chosenRow < 0)
         return;
-    // In view, and the row a screen reader hears.
+    // In view (the first row scrolled away below the third), and the row a screen reader hears.
     QVERIFY(!list.rowRect(chosenRow).isEmpty());
+    QCOMPARE(list.rowRect(0).isEmpty(), chosenRow > 2);
     QAccessibleInterface *heard = QAccessible::queryAccessibleInterface(&list)->focusChild();
     QVERIFY(heard && heard->state().focused && heard->state().selected);
     QCOMPARE(heard->text(QAccessible::Name), list.spokenText(chosenRow));
@@ -182,6 +184,13 @@ void ScreenPartsTest::listClicksChooseOnlyRows()
     QCOMPARE(chosen.size(), 1);
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.rowRect(1).center() + QPoint(0, list.rowRect(1).height()));
     QVERIFY(list.selectedIndex() == 1 && chosen.size() == 1);
+    // Emptied, the list has no row for Enter to choose.
+    list.clearRows();
+    list.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&list));
+    list.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&list, Qt::Key_Return);
+    QVERIFY(list.selectedIndex() == -1 && chosen.size() == 1);
 }
 
 // A keyboard player reads the table cell by cell; a screen reader names each with its column.
