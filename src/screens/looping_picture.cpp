@@ -1,6 +1,7 @@
 #include "looping_picture.h"
 
 #include <QElapsedTimer>
+#include <QHash>
 #include <QImageReader>
 #include <QPainter>
 #include <QPointer>
@@ -16,30 +17,40 @@
 namespace amorra {
 
 // The frames of one file, decoded as they first fall due, so that opening a
-// window waits for its first frame only.
+// window waits for its first frame only. A frame is kept as what changed
+// since the one before, each pixel a number into the file's colours: the
+// game's animations change a sixth of their pixels a frame, so a loop takes
+// a third of what its frames whole would, in 8 bits a pixel.
 struct LoopFrames
 {
-    std::vector<QImage> images; // 8-bit, one per distinct frame
+    QSize size;
+    QVector<QRgb> colours; // premultiplied; at most 256
+    bool opaque = true;
+    QByteArray first;      // the first frame, a colour number a pixel
+    // changes[i] turns frame i - 1 into frame i; changes[0] turns the last
+    // frame back into the first, once the loop is complete.
+    std::vector<QByteArray> changes;
     std::vector<qint64> endsMs; // when each frame gives way, from the start of the loop
     qint64 loopMs = 0;          // the whole loop, once every frame is read
     std::unique_ptr<QImageReader> reader; // until the last frame is read
+    QByteArray last;                      // while reading: the frame read last
+    QHash<QRgb, uchar> numbers;           // while reading: each colour's number
     qint64 bytes = 0;
 
+    int count() const { return int(endsMs.size()); }
     bool complete() const { return !reader; }
     // Reads the next frame; a frame like the one before only lengthens it.
     void readNext();
     // No more frames: the loop is as long as those read.
-    void finish()
-    {
-        reader.reset();
-        loopMs = endsMs.empty() ? 0 : endsMs.back();
-    }
+    void finish();
     // Reads on until the frame showing at `intoMs` of the first loop is known.
     void readUntil(qint64 intoMs)
     {
         while (reader && (endsMs.empty() || endsMs.back() <= intoMs))
             readNext();
     }
+    // Brings `canvas`, showing frame `from` (-1: nothing yet), to frame `to`.
+    void paint(QImage &canvas, int from, int to) const;
 };
 
 namespace {
@@ -47,11 +58,56 @@ namespace {
 // Browsers show a GIF frame of no stated delay (or a tiny one) for 0.1 s.
 constexpr int kSmallestDelayMs = 20;
 constexpr int kDefaultDelayMs = 100;
-// What one animation may hold decoded; a larger file plays what fits.
+// What one animation may hold; a larger file plays what fits.
 constexpr qint64 kMostBytes = 4 * 1024 * 1024;
 constexpr qint64 kNever = std::numeric_limits<qint64>::max();
 // Pictures that start within this of each other run in step.
 constexpr qint64 kSameStartMs = 50;
+// Unchanged pixels this many in a row end a run of changed ones.
+constexpr int kGapToSkip = 4;
+
+void putCount(QByteArray &out, qsizetype n)
+{
+    for (; n >= 0x80; n >>= 7)
+        out.append(char(0x80 | (n & 0x7f)));
+    out.append(char(n));
+}
+
+qsizetype takeCount(const char *&at)
+{
+    qsizetype n = 0;
+    for (int shift = 0;; shift += 7) {
+        const auto byte = static_cast<unsigned char>(*at++);
+        n |= qsizetype(byte & 0x7f) << shift;
+        if (byte < 0x80)
+            return n;
+    }
+}
+
+// What turns `from` into `to`: runs of (unchanged count, changed count,
+// the changed pixels), to the last changed pixel.
+QByteArray changesBetween(const QByteArray &from, const QByteArray &to)
+{
+    QByteArray out;
+    const qsizetype n = to.size();
+    qsizetype at = 0;
+    while (true) {
+        qsizetype start = at;
+        while (start < n && from[start] == to[start])
+            ++start;
+        if (start == n)
+            return out;
+        qsizetype end = start + 1;
+        for (qsizetype same = 0; end < n && same < kGapToSkip; ++end)
+            same = from[end] == to[end] ? same + 1 : 0;
+        while (end > start + 1 && from[end - 1] == to[end - 1])
+            --end;
+        putCount(out, start - at);
+        putCount(out, end - start);
+        out.append(to.constData() + start, end - start);
+        at = end;
+    }
+}
 
 std::shared_ptr<LoopFrames> openFrames(const QString &path)
 {
@@ -80,27 +136,94 @@ std::shared_ptr<LoopFrames> sharedFrames(const QString &path)
 
 void LoopFrames::readNext()
 {
-    const QImage frame = reader->read();
+    const QImage image = reader->read();
     // The end shows as a frame that does not come: asking the reader ahead
     // whether one will decodes half of it once more.
-    if (frame.isNull()) {
+    if (image.isNull() || (!size.isEmpty() && image.size() != size)) {
         finish();
         return;
     }
     const int stated = reader->nextImageDelay();
     const qint64 delay = stated < kSmallestDelayMs ? kDefaultDelayMs : stated;
     const qint64 end = (endsMs.empty() ? 0 : endsMs.back()) + delay;
-    // A GIF frame has at most 256 colours, so the 8-bit copy is exact.
-    QImage compact = frame.convertToFormat(QImage::Format_Indexed8, Qt::ThresholdDither | Qt::AvoidDither);
-    if (!images.empty() && compact == images.back()) {
+    // Qt reads GIFs as 32-bit pixels; those are read where they are.
+    const QImage::Format format = image.format();
+    const bool direct = format == QImage::Format_RGB32 || format == QImage::Format_ARGB32
+                        || format == QImage::Format_ARGB32_Premultiplied;
+    const QImage frame = direct ? image : image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    size = frame.size();
+    QByteArray pixels(qsizetype(size.width()) * size.height(), Qt::Uninitialized);
+    char *out = pixels.data();
+    QRgb before = 0;
+    uchar number = 0;
+    for (int y = 0; y < size.height(); ++y) {
+        const auto *line = reinterpret_cast<const QRgb *>(frame.constScanLine(y));
+        for (int x = 0; x < size.width(); ++x) {
+            const QRgb pixel = line[x];
+            if (pixel != before || (x == 0 && y == 0)) {
+                before = pixel;
+                auto found = numbers.constFind(pixel);
+                if (found == numbers.constEnd()) {
+                    // A GIF frame has at most 256 colours; frames that bring
+                    // more between them end the loop where they start.
+                    if (colours.size() == 256) {
+                        finish();
+                        return;
+                    }
+                    found = numbers.insert(pixel, uchar(colours.size()));
+                    colours.append(format == QImage::Format_ARGB32 ? qPremultiply(pixel) : pixel);
+                    opaque = opaque && qAlpha(pixel) == 255;
+                }
+                number = *found;
+            }
+            *out++ = char(number);
+        }
+    }
+    if (!endsMs.empty() && pixels == last) {
         endsMs.back() = end;
-    } else {
-        bytes += compact.sizeInBytes();
-        if (bytes > kMostBytes) {
-            finish();
-        } else {
-            images.push_back(std::move(compact));
-            endsMs.push_back(end);
+        return;
+    }
+    QByteArray change = first.isEmpty() ? QByteArray() : changesBetween(last, pixels);
+    bytes += change.size() + (first.isEmpty() ? pixels.size() : 0);
+    if (bytes > kMostBytes) {
+        finish();
+        return;
+    }
+    if (first.isEmpty())
+        first = pixels;
+    changes.push_back(std::move(change));
+    endsMs.push_back(end);
+    last = std::move(pixels);
+}
+
+void LoopFrames::finish()
+{
+    reader.reset();
+    loopMs = endsMs.empty() ? 0 : endsMs.back();
+    if (count() > 1)
+        changes.front() = changesBetween(last, first);
+    last.clear();
+    numbers.clear();
+}
+
+void LoopFrames::paint(QImage &canvas, int from, int to) const
+{
+    auto *pixels = reinterpret_cast<QRgb *>(canvas.bits());
+    if (from < 0) {
+        for (qsizetype i = 0; i < first.size(); ++i)
+            pixels[i] = colours[static_cast<uchar>(first[i])];
+        from = 0;
+    }
+    while (from != to) {
+        from = (from + 1) % count();
+        const QByteArray &change = changes[size_t(from)];
+        const char *at = change.constData();
+        const char *const end = at + change.size();
+        QRgb *pixel = pixels;
+        while (at < end) {
+            pixel += takeCount(at);
+            for (qsizetype n = takeCount(at); n > 0; --n)
+                *pixel++ = colours[static_cast<uchar>(*at++)];
         }
     }
 }
@@ -219,7 +342,7 @@ bool LoopingPicture::advanceTo(qint64 nowMs)
     const qint64 elapsed = nowMs - m_startMs;
     if (!f.complete())
         f.readUntil(elapsed);
-    if (f.images.empty() || (f.complete() && (f.images.size() < 2 || f.loopMs <= 0))) {
+    if (f.count() == 0 || (f.complete() && (f.count() < 2 || f.loopMs <= 0))) {
         m_nextChangeMs = kNever;
         return false;
     }
@@ -236,28 +359,26 @@ bool LoopingPicture::advanceTo(qint64 nowMs)
 
 void LoopingPicture::paintEvent(QPaintEvent *)
 {
-    if (!m_frames || m_frames->images.empty())
+    if (!m_frames || m_frames->count() == 0)
         return;
-    // The frame in the screen's own format, made once per change: painting
-    // it is then a plain copy.
+    // The frame in the screen's own format, brought up to date from what
+    // changed, once per change: painting it is then a plain copy.
     if (m_shownFrame != m_frame) {
-        const QImage &image = m_frames->images[size_t(m_frame)];
-        // A picture larger than its box shrinks to fit rather than lose its
-        // edges, each frame once: shrinking at every change cost more than
-        // all the rest of the window's animation.
-        if (image.width() > width() || image.height() > height()) {
-            m_shrunk.resize(m_frames->images.size());
-            QPixmap &shrunk = m_shrunk[size_t(m_frame)];
-            if (shrunk.isNull())
-                shrunk = QPixmap::fromImage(image.scaled(size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
-            m_shown = shrunk;
-        } else {
-            m_shown = QPixmap::fromImage(image);
+        if (m_canvas.isNull()) {
+            m_canvas = QImage(m_frames->size,
+                              m_frames->opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
+            m_shownFrame = -1;
         }
+        m_frames->paint(m_canvas, m_shownFrame, m_frame);
         m_shownFrame = m_frame;
+        // A picture larger than its box shrinks to fit rather than lose its edges.
+        m_shrunk = m_canvas.width() > width() || m_canvas.height() > height()
+                       ? m_canvas.scaled(size(), Qt::KeepAspectRatio, Qt::SmoothTransformation)
+                       : QImage();
     }
+    const QImage &shown = m_shrunk.isNull() ? m_canvas : m_shrunk;
     QPainter painter(this);
-    painter.drawPixmap(QPoint((width() - m_shown.width()) / 2, (height() - m_shown.height()) / 2), m_shown);
+    painter.drawImage(QPoint((width() - shown.width()) / 2, (height() - shown.height()) / 2), shown);
 }
 
 void LoopingPicture::showEvent(QShowEvent *event)
@@ -265,7 +386,7 @@ void LoopingPicture::showEvent(QShowEvent *event)
     QWidget::showEvent(event);
     if (!m_frames)
         m_frames = sharedFrames(m_path);
-    QSize picture = m_frames->images.empty() ? QSize() : m_frames->images.front().size();
+    QSize picture = m_frames->count() == 0 ? QSize() : m_frames->size;
     // A picture larger than its box shrinks to fit; the box, centred where
     // it was, takes the picture's size: what shows around it is the window's.
     if (picture.width() > width() || picture.height() > height())
@@ -274,9 +395,8 @@ void LoopingPicture::showEvent(QShowEvent *event)
         setGeometry(QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, picture, geometry()));
     // A picture that fills its box hides what is behind it: only it repaints.
     // Repainting the window behind it too woke the program three times a frame.
-    const bool fills = picture == size() && !m_frames->images.front().hasAlphaChannel();
-    setAttribute(Qt::WA_OpaquePaintEvent, fills);
-    if ((m_frames->complete() && m_frames->images.size() < 2) || !m_clock)
+    setAttribute(Qt::WA_OpaquePaintEvent, picture == size() && m_frames->opaque);
+    if ((m_frames->complete() && m_frames->count() < 2) || !m_clock)
         return;
     m_startMs = m_clock->startFor();
     m_frame = 0;
@@ -287,8 +407,8 @@ void LoopingPicture::showEvent(QShowEvent *event)
 void LoopingPicture::hideEvent(QHideEvent *event)
 {
     m_frames.reset();
-    m_shown = QPixmap();
-    m_shrunk.clear();
+    m_canvas = QImage();
+    m_shrunk = QImage();
     m_shownFrame = -1;
     if (m_clock)
         m_clock->remove(this);

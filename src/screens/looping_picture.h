@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QPixmap>
+#include <QImage>
 #include <QPointer>
 #include <QWidget>
 
@@ -13,9 +13,10 @@ class LoopClock;
 struct LoopFrames;
 
 // A looping animated picture (the end screens' and the Top 20 window's GIFs).
-// Its frames are decoded once, as each first falls due, kept in their own
-// 8-bit colours and shared by the pictures of the same file; a frame that
-// looks like the one before only lengthens that one. All pictures on screen
+// Its frames are decoded once, as each first falls due, kept as what changed
+// since the frame before, in the file's own colours, and shared by the
+// pictures of the same file; a frame that looks like the one before only
+// lengthens that one. All pictures on screen
 // share one clock, so the program wakes only when some picture changes, and
 // then repaints only that picture.
 // A hidden picture lets its frames go.
@@ -48,9 +49,8 @@ private:
     QString m_path;
     std::shared_ptr<LoopFrames> m_frames; // while shown, and from creation to the first showing
     QPointer<LoopClock> m_clock;
-    QPixmap m_shown; // the frame on screen, ready to paint
-    // A picture larger than its box: each frame shrunk once, when first shown.
-    std::vector<QPixmap> m_shrunk;
+    QImage m_canvas; // the frame on screen, ready to paint
+    QImage m_shrunk; // that frame shrunk, for a picture larger than its box
     int m_shownFrame = -1;
     qint64 m_startMs = 0;
     qint64 m_nextChangeMs = 0;

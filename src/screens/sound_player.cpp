@@ -44,7 +44,6 @@ public:
         : m_sink(std::move(sink))
         , m_idleClose(idleClose)
         , m_finished(std::move(finished))
-        , m_buffer(kBufferBytes)
         , m_thread([this] { run(); })
     {
     }
@@ -92,8 +91,7 @@ private:
                 if (!m_wake.wait_for(lock, m_idleClose, asked)) {
                     // Silence for a while: other programs may want the device.
                     lock.unlock();
-                    closeSink();
-                    m_sink->release();
+                    letGo();
                     lock.lock();
                     continue;
                 }
@@ -120,6 +118,7 @@ private:
         const PcmFormat format = clip.layout().format;
         if (!ensureOpen(format))
             return;
+        m_buffer.resize(kBufferBytes);
         const std::size_t frameBytes = std::size_t(format.frameBytes()); // at most 65535: one fits the buffer
         const std::size_t slice =
             std::max<std::size_t>(1, std::min<std::size_t>(std::size_t(format.rate / kSlicesPerSecond),
@@ -187,9 +186,17 @@ private:
         m_openFormat = format;
         if (!m_open) {
             m_noDevice = true;
-            m_sink->release();
+            letGo();
         }
         return m_open;
+    }
+
+    // Nothing to play for a while: the device, the sound system and the buffer go.
+    void letGo()
+    {
+        closeSink();
+        m_sink->release();
+        std::vector<char>().swap(m_buffer);
     }
 
     void closeSink()
@@ -210,7 +217,7 @@ private:
     bool m_lookAgain = false;
 
     // Only the sound thread touches these.
-    std::vector<char> m_buffer;
+    std::vector<char> m_buffer; // while the device is open
     bool m_open = false;
     bool m_noDevice = false;
     PcmFormat m_openFormat;

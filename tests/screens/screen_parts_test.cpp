@@ -8,6 +8,8 @@
 #include "screens/window_system.h"
 
 #include <QFile>
+#include <QImageReader>
+#include <QPainter>
 #include <QAccessible>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -236,17 +238,30 @@ void ScreenPartsTest::animationsLoopForeverAtTheirFilesPace_data()
     QTest::newRow("Top 20: the banner") << "champlbl.gif" << 12;
 }
 
-// A loop that stopped after its first round left a still picture.
+// A loop that stopped after its first round left a still picture; each
+// frame shows as the file has it, in every round.
 void ScreenPartsTest::animationsLoopForeverAtTheirFilesPace()
 {
     QFETCH(QString, file);
     QFETCH(int, frames);
-    LoopingPicture picture(QStringLiteral(AMORRA_TEST_ASSETS "/") + file);
+    const QString path = QStringLiteral(AMORRA_TEST_ASSETS "/") + file;
+    LoopingPicture picture(path);
+    QList<QImage> expected;
+    for (QImageReader reader(path); reader.canRead();) {
+        QImage frame(reader.size(), QImage::Format_ARGB32_Premultiplied);
+        frame.fill(picture.palette().color(QPalette::Window));
+        QPainter(&frame).drawImage(0, 0, reader.read());
+        expected << frame;
+    }
+    QCOMPARE(expected.size(), frames);
+    picture.resize(expected.first().size());
     int changes = 0;
     for (qint64 now = 0; now < 3 * frames * 150; now = picture.nextChangeMs()) {
         changes += picture.advanceTo(now) ? 1 : 0;
         QVERIFY2(picture.isPlaying() && picture.nextChangeMs() - now == 150,
                  qPrintable(QStringLiteral("at %1 ms, next change %2").arg(now).arg(picture.nextChangeMs())));
+        QVERIFY2(picture.grab().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied) == expected[changes % frames],
+                 qPrintable(QStringLiteral("frame %1").arg(changes % frames)));
     }
     QCOMPARE(changes, 3 * frames - 1);
 }

@@ -315,6 +315,11 @@ private:
             finish();
             return;
         }
+        // The peak and the present memory before each click: $AMORRA_PROBE_HWM_LOG=FILE.
+        if (const char *log = std::getenv("AMORRA_PROBE_HWM_LOG")) {
+            std::ofstream(log, std::ios::app) << m_clicks << ' ' << kind << " hwm " << statusKb("VmHWM") << " rss "
+                                              << statusKb("VmRSS") << '\n';
+        }
         // Where the memory is before each click, for a closer look at what each window costs.
         if (const char *dir = std::getenv("AMORRA_PROBE_SMAPS_EACH")) {
             std::ifstream in("/proc/self/smaps");
@@ -388,7 +393,9 @@ private:
     {
         m_idled.push_back(what);
         if (!external()) {
-            again();
+            // Clicking itself, the probe idles for $AMORRA_PROBE_IDLE_MS.
+            const char *ms = std::getenv("AMORRA_PROBE_IDLE_MS");
+            QTimer::singleShot(ms ? std::atoi(ms) : 0, this, [this] { step(); });
             return;
         }
         send("idle " + what);
