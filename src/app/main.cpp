@@ -102,9 +102,6 @@ int main(int argc, char *argv[])
     // its size in the heap for the rest of the game (about a megabyte).
     // A fixed threshold also stops glibc from raising it after each one.
     mallopt(M_MMAP_THRESHOLD, 128 * 1024);
-    // One heap for all threads: the sound thread and Qt's helpers allocate
-    // little and seldom, and a heap of their own each kept its pages.
-    mallopt(M_ARENA_MAX, 1);
 #endif
     amorra::chooseWindowSystem();
     g_passOn = qInstallMessageHandler(startUpMessages);

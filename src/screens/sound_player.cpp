@@ -87,9 +87,10 @@ private:
         std::unique_lock lock(m_mutex);
         const auto asked = [this] { return m_quit || m_next.has_value(); };
         for (;;) {
-            if (m_open) {
-                if (!m_wake.wait_for(lock, m_idleClose, asked)) {
-                    // Silence for a while: other programs may want the device.
+            if (m_holding) {
+                if (!m_wake.wait_until(lock, m_letGoAt, asked)) {
+                    // Silence for a while: other programs may want the
+                    // device, and the sound system need not stay loaded.
                     lock.unlock();
                     letGo();
                     lock.lock();
@@ -106,6 +107,10 @@ private:
                 m_noDevice = false;
             lock.unlock();
             playClip(*job.clip);
+            // A device that plays is kept for a while after each clip; one
+            // that is missing is let go a while after it was asked for.
+            if (m_open)
+                m_letGoAt = Clock::now() + m_idleClose;
             m_finished(job.id);
             lock.lock();
         }
@@ -178,16 +183,15 @@ private:
             return true;
         closeSink();
         // A machine without a device will not grow one: the game stays
-        // silent, and lets go of the sound system, until the player turns
-        // the sound on again.
+        // silent, and after a while lets go of the sound system, until the
+        // player turns the sound on again.
         if (m_noDevice)
             return false;
         m_open = m_sink->open(format);
         m_openFormat = format;
-        if (!m_open) {
-            m_noDevice = true;
-            letGo();
-        }
+        m_holding = true;
+        m_noDevice = !m_open;
+        m_letGoAt = Clock::now() + m_idleClose;
         return m_open;
     }
 
@@ -197,6 +201,7 @@ private:
         closeSink();
         m_sink->release();
         std::vector<char>().swap(m_buffer);
+        m_holding = false;
     }
 
     void closeSink()
@@ -219,6 +224,8 @@ private:
     // Only the sound thread touches these.
     std::vector<char> m_buffer; // while the device is open
     bool m_open = false;
+    bool m_holding = false; // the sound system is loaded: a device was opened or asked for
+    Clock::time_point m_letGoAt;
     bool m_noDevice = false;
     PcmFormat m_openFormat;
 
