@@ -10,14 +10,15 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <malloc.h>
 #include <limits>
 #include <map>
 #include <vector>
 
 namespace amorra {
 
-// The frames of one file, decoded as they first fall due, so that opening a
-// window waits for its first frame only. A frame is kept as what changed
+// The frames of one file, the first decoded at once, so that opening a
+// window waits for it only, the rest a frame at a time after it. A frame is kept as what changed
 // since the one before, each pixel a number into the file's colours: the
 // game's animations change a sixth of their pixels a frame, so a loop takes
 // a third of what its frames whole would, in 8 bits a pixel.
@@ -109,12 +110,32 @@ QByteArray changesBetween(const QByteArray &from, const QByteArray &to)
     }
 }
 
+// The rest of a loop is read a frame per turn of the event loop, so that a
+// click waits for one frame's decoding at most: once the loop is whole, the
+// decoder goes, and with it the two or three whole 32-bit frames it holds.
+void readRestSoon(const std::weak_ptr<LoopFrames> &weak)
+{
+    QTimer::singleShot(0, [weak] {
+        const std::shared_ptr<LoopFrames> frames = weak.lock();
+        if (!frames || frames->complete())
+            return;
+        frames->readNext();
+        // The decoder's frames leave holes in the heap that the next
+        // window's small allocations would only partly fill: given back.
+        if (frames->complete())
+            malloc_trim(0);
+        else
+            readRestSoon(weak);
+    });
+}
+
 std::shared_ptr<LoopFrames> openFrames(const QString &path)
 {
     auto frames = std::make_shared<LoopFrames>();
     frames->reader = std::make_unique<QImageReader>(path, "gif");
     frames->reader->setAutoDetectImageFormat(false);
     frames->readNext(); // the first frame shows at once
+    readRestSoon(frames);
     return frames;
 }
 

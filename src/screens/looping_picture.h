@@ -13,12 +13,12 @@ class LoopClock;
 struct LoopFrames;
 
 // A looping animated picture (the end screens' and the Top 20 window's GIFs).
-// Its frames are decoded once, as each first falls due, kept as what changed
-// since the frame before, in the file's own colours, and shared by the
-// pictures of the same file; a frame that looks like the one before only
-// lengthens that one. All pictures on screen
-// share one clock, so the program wakes only when some picture changes, and
-// then repaints only that picture.
+// Its frames are decoded once, the first at once and the rest in the
+// background (or when one falls due first), kept as what changed since the
+// frame before, in the file's own colours, and shared by the pictures of the
+// same file; a frame that looks like the one before only lengthens that one.
+// All pictures on screen share one clock, so the program wakes only when
+// some picture changes, and then repaints only that picture.
 // A hidden picture lets its frames go.
 class LoopingPicture : public QWidget
 {
