@@ -10,6 +10,8 @@
 #include <QVariant>
 
 #include <algorithm>
+#include <cmath>
+#include <functional>
 
 namespace amorra {
 
@@ -204,7 +206,107 @@ void drawProgressBar(QPainter *painter, const QStyleOptionProgressBar *bar, QSty
     }
 }
 
+qreal screenPixel(const QPainter *painter)
+{
+    return 1 / (painter->device() ? painter->device()->devicePixelRatioF() : 1.0);
+}
+
+// A straight fill in pieces of at most 64 screen rows: Qt shares a fill of
+// more than 96 rows (clipped to a window's changed parts, or not solid)
+// among helper threads it starts for it, two with their stacks and heaps.
+void fillInPieces(QPainter *painter, const QRectF &rect, const QColor &colour)
+{
+    const qreal most = 64 * screenPixel(painter);
+    const int pieces = int(std::ceil(rect.height() / most));
+    for (int piece = 0; piece < pieces; ++piece) {
+        const qreal top = rect.top() + piece * most;
+        painter->fillRect(QRectF(rect.left(), top, rect.width(), std::min(most, rect.bottom() - top)), colour);
+    }
+}
+
+// The outline a one-pixel pen draws around `rect`, one screen pixel wide.
+void outlineInPieces(QPainter *painter, const QRect &rect, const QColor &colour)
+{
+    const qreal pixel = screenPixel(painter);
+    const QRectF r(rect.left(), rect.top(), rect.width(), rect.height());
+    painter->fillRect(QRectF(r.left(), r.top(), r.width() + pixel, pixel), colour);
+    painter->fillRect(QRectF(r.left(), r.bottom(), r.width() + pixel, pixel), colour);
+    fillInPieces(painter, QRectF(r.left(), r.top() + pixel, pixel, r.height() - pixel), colour);
+    fillInPieces(painter, QRectF(r.right(), r.top() + pixel, pixel, r.height() - pixel), colour);
+}
+
+// Fusion's gradient across a scroll bar's `part` (the bar or its handle):
+// here `fill` is painted one screen pixel line along the bar at a time,
+// each line the gradient's colour at its middle.
+void fillAcross(QPainter *painter, const QRect &fill, const QRect &part, bool horizontal,
+                const std::function<QColor(qreal t)> &colourAt)
+{
+    const qreal pixel = screenPixel(painter);
+    const int span = horizontal ? fill.height() : fill.width();
+    const int from = horizontal ? fill.top() - part.top() : fill.left() - part.left();
+    const int length = std::max(1, (horizontal ? part.height() : part.width()) - 1);
+    const int lines = qRound(span / pixel);
+    for (int line = 0; line < lines; ++line) {
+        const qreal at = line * pixel;
+        const QColor colour = colourAt((from + at + pixel / 2) / length);
+        if (horizontal)
+            painter->fillRect(QRectF(fill.left(), fill.top() + at, fill.width(), pixel), colour);
+        else
+            fillInPieces(painter, QRectF(fill.left() + at, fill.top(), pixel, fill.height()), colour);
+    }
+}
+
 } // namespace
+
+void AppStyle::drawScrollBar(const QStyleOptionSlider *bar, QPainter *painter, const QWidget *widget) const
+{
+    // Fusion fills the groove and the handle with gradients across the bar,
+    // which Qt would share among helper threads. Here each screen pixel line
+    // along the bar is a straight fill; Fusion draws the arrows. Its lines
+    // here are one screen pixel wide at any scale.
+    const bool horizontal = bar->orientation == Qt::Horizontal;
+    const QRect &rect = bar->rect;
+    const QPalette &pal = bar->palette;
+    const QColor button = fusionButtonColour(pal);
+    const qreal pixel = screenPixel(painter);
+    QColor alphaOutline = pal.color(QPalette::Window).darker(140);
+    alphaOutline.setAlpha(180);
+    if (bar->subControls & SC_ScrollBarGroove) {
+        const QColor edge = button.darker(107), inside = button.darker(105);
+        fillAcross(painter, rect, rect, horizontal, [&](qreal t) {
+            return t < 0.1 ? shadeAt(edge, inside, t / 0.1) : t > 0.9 ? shadeAt(inside, edge, (t - 0.9) / 0.1) : inside;
+        });
+        if (horizontal)
+            painter->fillRect(QRectF(rect.left(), rect.top(), rect.width(), pixel), alphaOutline);
+        else
+            fillInPieces(painter, QRectF(rect.left(), rect.top(), pixel, rect.height()), alphaOutline);
+        // A faint edge inside the groove, at its top and its left.
+        QColor subtle = alphaOutline;
+        subtle.setAlpha(40);
+        const QRect groove = subControlRect(CC_ScrollBar, bar, SC_ScrollBarGroove, widget);
+        painter->fillRect(QRectF(groove.left() + 1, groove.top(), groove.width() - 2, pixel), subtle);
+        fillInPieces(painter, QRectF(groove.left() + 1, groove.top() + pixel, pixel, groove.height() - 3 - pixel), subtle);
+    }
+    const QRect handle = subControlRect(CC_ScrollBar, bar, SC_ScrollBarSlider, widget);
+    if (bar->subControls & SC_ScrollBarSlider && handle.isValid()) {
+        const bool active = bar->activeSubControls & SC_ScrollBarSlider;
+        const QRect outer = handle.adjusted(horizontal ? -1 : 0, horizontal ? 0 : -1, horizontal ? 0 : 1, horizontal ? 1 : 0);
+        const QColor light = button.lighter(118);
+        if (bar->state & State_Sunken && active) {
+            fillInPieces(painter, outer, mixed(light, button, 40));
+        } else {
+            const bool hovered = bar->state & State_MouseOver && active;
+            const QColor from = hovered ? light.darker(102) : button.lighter(108);
+            const QColor to = hovered ? button.lighter(102) : button;
+            fillAcross(painter, outer, handle, horizontal, [&](qreal t) { return shadeAt(from, to, t); });
+        }
+        outlineInPieces(painter, outer, alphaOutline);
+        outlineInPieces(painter, handle.adjusted(horizontal ? 0 : 1, horizontal ? 1 : 0, -1, -1), QColor(255, 255, 255, 30));
+    }
+    QStyleOptionSlider arrows = *bar;
+    arrows.subControls &= ~(SC_ScrollBarGroove | SC_ScrollBarSlider);
+    QProxyStyle::drawComplexControl(CC_ScrollBar, &arrows, painter, widget);
+}
 
 AppStyle::AppStyle()
 {
@@ -274,6 +376,10 @@ void AppStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
                                   const QWidget *widget) const
 {
     const auto *slider = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    if (control == CC_ScrollBar && m_fusion && slider) {
+        drawScrollBar(slider, painter, widget);
+        return;
+    }
     if (control != CC_Slider || !m_fusion || !slider || slider->orientation != Qt::Horizontal) {
         QProxyStyle::drawComplexControl(control, option, painter, widget);
         return;

@@ -2,6 +2,8 @@
 
 #include <QProxyStyle>
 
+class QStyleOptionSlider;
+
 namespace amorra {
 
 // The desktop's own style, less three of Fusion's habits that cost the game
@@ -30,6 +32,8 @@ public:
                        const QWidget *widget = nullptr) const override;
 
 private:
+    void drawScrollBar(const QStyleOptionSlider *bar, QPainter *painter, const QWidget *widget) const;
+
     bool m_fusion = false;
 };
 

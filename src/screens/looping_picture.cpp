@@ -1,5 +1,6 @@
 #include "looping_picture.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QHash>
 #include <QImageReader>
@@ -10,6 +11,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <deque>
 #include <malloc.h>
 #include <limits>
 #include <map>
@@ -110,24 +112,46 @@ QByteArray changesBetween(const QByteArray &from, const QByteArray &to)
     }
 }
 
-// The rest of a loop is read a frame per turn of the event loop, so that a
-// click waits for one frame's decoding at most: once the loop is whole, the
-// decoder goes, and with it the two or three whole 32-bit frames it holds.
-void readRestSoon(const std::weak_ptr<LoopFrames> &weak)
+// The rest of each loop opened is read a frame per turn of the event loop,
+// so that a click waits for one frame's decoding at most: once a loop is
+// whole, its decoder goes, and with it the whole 32-bit frames it holds.
+class ReadingOn : public QObject
 {
-    QTimer::singleShot(0, [weak] {
-        const std::shared_ptr<LoopFrames> frames = weak.lock();
-        if (!frames || frames->complete())
-            return;
-        frames->readNext();
-        // The decoder's frames leave holes in the heap that the next
-        // window's small allocations would only partly fill: given back.
-        if (frames->complete())
+public:
+    static void add(const std::shared_ptr<LoopFrames> &frames)
+    {
+        static QPointer<ReadingOn> reading;
+        if (!reading)
+            reading = new ReadingOn(QCoreApplication::instance());
+        reading->m_loops.push_back(frames);
+        reading->m_timer.start();
+    }
+
+private:
+    explicit ReadingOn(QObject *parent) : QObject(parent)
+    {
+        m_timer.setInterval(0);
+        connect(&m_timer, &QTimer::timeout, this, &ReadingOn::readOne);
+    }
+
+    void readOne()
+    {
+        const std::shared_ptr<LoopFrames> frames = m_loops.front().lock();
+        if (frames && !frames->complete())
+            frames->readNext();
+        if (!frames || frames->complete()) {
+            m_loops.pop_front();
+            // The decoder's frames leave holes in the heap that the next
+            // window's small allocations would only partly fill: given back.
             malloc_trim(0);
-        else
-            readRestSoon(weak);
-    });
-}
+        }
+        if (m_loops.empty())
+            m_timer.stop();
+    }
+
+    QTimer m_timer;
+    std::deque<std::weak_ptr<LoopFrames>> m_loops;
+};
 
 std::shared_ptr<LoopFrames> openFrames(const QString &path)
 {
@@ -135,7 +159,8 @@ std::shared_ptr<LoopFrames> openFrames(const QString &path)
     frames->reader = std::make_unique<QImageReader>(path, "gif");
     frames->reader->setAutoDetectImageFormat(false);
     frames->readNext(); // the first frame shows at once
-    readRestSoon(frames);
+    if (!frames->complete() && QCoreApplication::instance())
+        ReadingOn::add(frames);
     return frames;
 }
 

@@ -1,7 +1,8 @@
 // The screens' plain parts: the action list's columns and keys, the Top 20
 // grid's keys, the animations' loops, pictures stored as their pixels, the
-// window system chosen.
+// window system chosen, the style's scroll bars.
 #include "screens/action_list.h"
+#include "screens/app_style.h"
 #include "screens/looping_picture.h"
 #include "screens/score_grid.h"
 #include "screens/widget_helpers.h"
@@ -13,6 +14,8 @@
 #include <QAccessible>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QStyleFactory>
+#include <QStyleOption>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QtEndian>
@@ -41,6 +44,8 @@ private Q_SLOTS:
     void picturesStoredAsPixelsAreReadOnlyWhole();
     void waylandDesktopsKeepFramesWithoutGl_data();
     void waylandDesktopsKeepFramesWithoutGl();
+    void scrollBarsLookAsFusionDrawsThem_data();
+    void scrollBarsLookAsFusionDrawsThem();
 };
 
 void ScreenPartsTest::listRowsSplitIntoColumnsAtRunsOfTabs_data()
@@ -381,6 +386,47 @@ void ScreenPartsTest::waylandDesktopsKeepFramesWithoutGl()
     QCOMPARE(choice.platform, platform);
     QCOMPARE(choice.sharedMemoryOnly, sharedMemory);
     QCOMPARE(askedCompositor, asksCompositor);
+}
+
+void ScreenPartsTest::scrollBarsLookAsFusionDrawsThem_data()
+{
+    QTest::addColumn<Qt::Orientation>("orientation");
+    QTest::addColumn<int>("value");
+    QTest::addColumn<QStyle::State>("state");
+
+    QTest::newRow("guide: at the top") << Qt::Vertical << 0 << QStyle::State(QStyle::State_None);
+    QTest::newRow("midway, pointer on the handle") << Qt::Vertical << 40 << QStyle::State(QStyle::State_MouseOver);
+    QTest::newRow("at the end, dragged") << Qt::Vertical << 100 << QStyle::State(QStyle::State_Sunken);
+    QTest::newRow("across, midway") << Qt::Horizontal << 40 << QStyle::State(QStyle::State_None);
+    QTest::newRow("across, dragged") << Qt::Horizontal << 0 << QStyle::State(QStyle::State_Sunken);
+}
+
+void ScreenPartsTest::scrollBarsLookAsFusionDrawsThem()
+{
+    QFETCH(Qt::Orientation, orientation);
+    QFETCH(int, value);
+    QFETCH(QStyle::State, state);
+    std::unique_ptr<QStyle> fusion(QStyleFactory::create(QStringLiteral("fusion")));
+    AppStyle game;
+    QScrollBar bar(orientation);
+    bar.resize(orientation == Qt::Vertical ? QSize(16, 240) : QSize(240, 16));
+    const auto drawn = [&](const QStyle &style) {
+        QStyleOptionSlider option;
+        option.initFrom(&bar);
+        option.state |= state | (orientation == Qt::Horizontal ? QStyle::State_Horizontal : QStyle::State_None);
+        option.subControls = QStyle::SC_All;
+        option.activeSubControls = state == QStyle::State_None ? QStyle::SC_None : QStyle::SC_ScrollBarSlider;
+        option.orientation = orientation;
+        option.maximum = 100;
+        option.pageStep = 20;
+        option.sliderPosition = option.sliderValue = value;
+        QImage image(bar.size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        style.drawComplexControl(QStyle::CC_ScrollBar, &option, &painter, &bar);
+        return image;
+    };
+    QCOMPARE(drawn(game), drawn(*fusion));
 }
 
 QTEST_MAIN(ScreenPartsTest)
