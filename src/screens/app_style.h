@@ -13,8 +13,10 @@ namespace amorra {
 // about a dozen libraries) although the game only ever reads PNG and GIF.
 // And it renders a slider's first groove and handle from gradients into
 // pictures, half a millisecond of the first window, and rounds the corners
-// of sliders and line edits with antialiased paths. Drawn here in Fusion's
-// colours with straight fills, they cost next to nothing.
+// of sliders and line edits with antialiased paths; it caches a picture of
+// every button face it draws, and its tall gradient fills (scroll bars) make
+// Qt start helper threads to share them. Drawn here in Fusion's colours with
+// straight fills, they cost next to nothing.
 class AppStyle : public QProxyStyle
 {
     Q_OBJECT
