@@ -269,6 +269,11 @@ void ScreenPartsTest::animationsLoopForeverAtTheirFilesPace()
                  qPrintable(QStringLiteral("frame %1").arg(changes % frames)));
     }
     QCOMPARE(changes, 3 * frames - 1);
+    // First drawn mid-loop, as a picture shown in step with one already playing.
+    LoopingPicture late(path);
+    late.resize(picture.size());
+    late.advanceTo(frames / 2 * 150);
+    QVERIFY(late.grab().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied) == expected[frames / 2]);
 }
 
 // The Top 20 window opens on frames read while the win screen was up; once
