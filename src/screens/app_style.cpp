@@ -249,10 +249,10 @@ void fillAcross(QPainter *painter, const QRect &fill, const QRect &part, bool ho
     for (int line = 0; line < lines; ++line) {
         const qreal at = line * pixel;
         const QColor colour = colourAt((from + at + pixel / 2) / length);
-        if (horizontal)
-            painter->fillRect(QRectF(fill.left(), fill.top() + at, fill.width(), pixel), colour);
-        else
-            fillInPieces(painter, QRectF(fill.left() + at, fill.top(), pixel, fill.height()), colour);
+        fillInPieces(painter,
+                     horizontal ? QRectF(fill.left(), fill.top() + at, fill.width(), pixel)
+                                : QRectF(fill.left() + at, fill.top(), pixel, fill.height()),
+                     colour);
     }
 }
 
@@ -276,10 +276,10 @@ void AppStyle::drawScrollBar(const QStyleOptionSlider *bar, QPainter *painter, c
         fillAcross(painter, rect, rect, horizontal, [&](qreal t) {
             return t < 0.1 ? shadeAt(edge, inside, t / 0.1) : t > 0.9 ? shadeAt(inside, edge, (t - 0.9) / 0.1) : inside;
         });
-        if (horizontal)
-            painter->fillRect(QRectF(rect.left(), rect.top(), rect.width(), pixel), alphaOutline);
-        else
-            fillInPieces(painter, QRectF(rect.left(), rect.top(), pixel, rect.height()), alphaOutline);
+        fillInPieces(painter,
+                     horizontal ? QRectF(rect.left(), rect.top(), rect.width(), pixel)
+                                : QRectF(rect.left(), rect.top(), pixel, rect.height()),
+                     alphaOutline);
         // A faint edge inside the groove, at its top and its left.
         QColor subtle = alphaOutline;
         subtle.setAlpha(40);

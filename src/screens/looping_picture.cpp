@@ -12,18 +12,19 @@
 
 #include <algorithm>
 #include <deque>
-#include <malloc.h>
 #include <limits>
+#include <malloc.h>
 #include <map>
 #include <vector>
 
 namespace amorra {
 
-// The frames of one file, the first decoded at once, so that opening a
-// window waits for it only, the rest a frame at a time after it. A frame is kept as what changed
-// since the one before, each pixel a number into the file's colours: the
-// game's animations change a sixth of their pixels a frame, so a loop takes
-// a third of what its frames whole would, in 8 bits a pixel.
+// The frames of one file: the first decoded at once, so that opening a
+// window waits for it only, the rest a frame at a time after it. A frame is
+// kept as what changed since the one before, each pixel a number into the
+// file's colours: the game's animations change a sixth of their pixels a
+// frame, so a loop takes a third of what its frames whole would, in 8 bits
+// a pixel.
 struct LoopFrames
 {
     QSize size;
