@@ -104,6 +104,8 @@ int main(int argc, char *argv[])
     mallopt(M_MMAP_THRESHOLD, 128 * 1024);
 #endif
     amorra::chooseWindowSystem();
+    // After the last change to the environment, which fontconfig reads.
+    amorra::FontConfigAhead fonts;
     g_passOn = qInstallMessageHandler(startUpMessages);
     QApplication app(argc, argv);
     qInstallMessageHandler(g_passOn);
@@ -125,6 +127,7 @@ int main(int argc, char *argv[])
     amorra::AlsaSoundPlayer sound;
     amorra::QtDesktop desktop(soundNames);
     amorra::AppController controller(random, sound, desktop, assets);
+    fonts.finish();
     controller.start();
     return app.exec();
 }

@@ -5,8 +5,10 @@
 
 #include <dlfcn.h>
 
+#include <clocale>
 #include <cstdint>
 #include <cstring>
+#include <system_error>
 
 namespace amorra {
 
@@ -125,6 +127,29 @@ void quietAboutSharedMemoryBuffers()
 {
     if (g_sharedMemoryOnly)
         previousHandler = qInstallMessageHandler(quietAboutBuffers);
+}
+
+FontConfigAhead::FontConfigAhead()
+{
+    // Looked up, not linked: the game needs no fontconfig headers to build,
+    // and the library is the one Qt itself loaded.
+    auto *init = reinterpret_cast<int (*)()>(dlsym(RTLD_DEFAULT, "FcInit"));
+    if (!init)
+        return;
+    // The application object sets the desktop's locale; set now, it does not
+    // change under fontconfig's reading of numbers.
+    std::setlocale(LC_ALL, "");
+    try {
+        m_reader = std::thread(init);
+    } catch (const std::system_error &) {
+        // No thread: Qt does the reading when it first needs a font.
+    }
+}
+
+void FontConfigAhead::finish()
+{
+    if (m_reader.joinable())
+        m_reader.join();
 }
 
 } // namespace amorra
