@@ -84,7 +84,9 @@ void MainScreen::resetToDesignState()
     m_looks->setValue(0);
     m_brains->setValue(0);
     m_luck->setValue(0);
-    m_face->setPixmap(defaultFace());
+    // Her face comes with the game, before the screen is ever seen: a
+    // picture read here would be thrown away unseen, on the START click.
+    m_face->clear();
     setTip(m_face, QString());
     m_soundItem->setChecked(true);
     setEnabled(true);
@@ -216,8 +218,7 @@ void MainScreen::SetFace(const std::string &picture, const std::string &tooltip)
 
 QPixmap MainScreen::defaultFace() const
 {
-    // Not kept: her face replaces it before the screen is ever seen, unless
-    // her picture is missing.
+    // Only where her picture is missing; not kept.
     return loadPicture(m_assetDir, QStringLiteral("pictures/face_default.png"));
 }
 
