@@ -20,6 +20,7 @@
 #include <QFileInfo>
 #include <QTimer>
 #include <QUrl>
+#include <QWindow>
 
 #include <utility>
 
@@ -42,6 +43,21 @@ void readyAhead(QWidget *window)
     if (QBackingStore *store = window->backingStore())
         store->resize(window->size());
     window->grab();
+    // The pointer shapes its widgets wear, such as the text boxes' I-beam:
+    // the desktop's cursor theme is read from disk at each shape's first
+    // use, which for a window opening under the pointer falls inside the
+    // click that opened it. Worn once now by the hidden window, each is kept.
+    QWindow *handle = window->windowHandle();
+    if (!handle)
+        return;
+    QList<Qt::CursorShape> shapes;
+    for (const QWidget *widget : window->findChildren<QWidget *>())
+        if (widget->testAttribute(Qt::WA_SetCursor) && !shapes.contains(widget->cursor().shape()))
+            shapes.append(widget->cursor().shape());
+    for (const Qt::CursorShape shape : std::as_const(shapes))
+        handle->setCursor(shape);
+    if (!shapes.isEmpty())
+        handle->unsetCursor();
 }
 } // namespace
 
