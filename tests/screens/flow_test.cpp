@@ -64,6 +64,7 @@ void FlowTest::aWholeGameWonThroughToTheTop20()
     named<QSlider>(m_app->setupScreen(), "How lucky are you?")->setValue(0);
     named<QSlider>(m_app->setupScreen(), "How good looking are you?")->setValue(100);
     enterGame();
+    QVERIFY(!named<QLabel>(&m_app->mainScreen(), "Her picture")->pixmap().isNull());
     // A call in which she says no and tells him what she loves, the chocolates she loves, a call she says yes to.
     click("Call Her");
     m_random.push({pick(5, 6), pick(3, 10), pick(3, 10), pick(1, 10), kCalm});
