@@ -59,6 +59,17 @@ private:
     QColor m_colour;
 };
 
+// Screen pixels to one of the painter's pixels (2 at 200%).
+qreal pixelRatio(const QPainter *painter)
+{
+    return painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
+}
+
+qreal screenPixel(const QPainter *painter)
+{
+    return 1 / pixelRatio(painter);
+}
+
 // A rectangle whose corners are cut `cut` deep in steps of one screen pixel
 // (two a pixel at 200%), in plain fills. Round corners drawn antialiased cost
 // a path each through the rasterizer, most of the time the setup screen
@@ -66,7 +77,7 @@ private:
 void fillCutRect(QPainter *painter, const QRect &rect, int cut, const QColor &colour)
 {
     cut = std::max(0, std::min({cut, rect.width() / 2, rect.height() / 2}));
-    const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
+    const qreal ratio = pixelRatio(painter);
     const int steps = qRound(cut * ratio);
     const QRectF whole(rect);
     for (int step = 0; step < steps; ++step) {
@@ -149,7 +160,7 @@ void drawButtonPanel(QPainter *painter, const QStyleOption *option, bool isDefau
     const QColor top = down ? face.darker(110) : base.lighter(124);
     const QColor bottom = down ? top : base.lighter(102);
 
-    const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
+    const qreal ratio = pixelRatio(painter);
     const int rows = qRound((rect.height() - 2) * ratio);
     for (int row = 0; row < rows; ++row) {
         // Fusion's gradient runs from half a pixel above the top to half a
@@ -204,11 +215,6 @@ void drawProgressBar(QPainter *painter, const QStyleOptionProgressBar *bar, QSty
         painter->fillRect(fill.right() + 1, rect.top() + 1, 1, rect.height() - 2, highlight.darker(140));
         painter->fillRect(fill.right() + 2, rect.top() + 1, 1, rect.height() - 2, QColor(0, 0, 0, 35));
     }
-}
-
-qreal screenPixel(const QPainter *painter)
-{
-    return 1 / (painter->device() ? painter->device()->devicePixelRatioF() : 1.0);
 }
 
 // A straight fill in pieces of at most 64 screen rows: Qt shares a fill of

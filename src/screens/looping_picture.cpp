@@ -140,14 +140,15 @@ private:
         const std::shared_ptr<LoopFrames> frames = m_loops.front().lock();
         if (frames && !frames->complete())
             frames->readNext();
-        if (!frames || frames->complete()) {
+        if (!frames || frames->complete())
             m_loops.pop_front();
-            // The decoder's frames leave holes in the heap that the next
-            // window's small allocations would only partly fill: given back.
+        if (m_loops.empty()) {
+            m_timer.stop();
+            // The decoders' frames leave holes in the heap that the next
+            // window's small allocations would only partly fill: given back,
+            // once the last loop waiting is whole.
             malloc_trim(0);
         }
-        if (m_loops.empty())
-            m_timer.stop();
     }
 
     QTimer m_timer;

@@ -37,10 +37,10 @@ void quietAboutSharedMemoryBuffers();
 
 // Fontconfig reads the desktop's whole font configuration, some thirty XML
 // files, the first time Qt measures a text: some 6 ms, an eighth of the time
-// to the first window. Begun before the QApplication, it runs on a second core while Qt
-// loads its plugins and connects to the display; `finish()` waits for it
-// before the first window is built. Where Qt does not use fontconfig, or no
-// thread can be started, Qt reads it in its own time as before.
+// to the first window. Begun before the QApplication, it runs on a second
+// core while Qt loads its plugins and connects to the display; `finish()`
+// waits for it before the first window is built. Where Qt does not use
+// fontconfig, or no thread can be started, Qt reads it in its own time.
 class FontConfigAhead
 {
 public:
